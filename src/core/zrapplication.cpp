@@ -1,10 +1,12 @@
 #include <zrapplication>
 
+#include "core/linkevents.h"
 #include "core/zrpostqueue.h"
 #include "core/zrtimercore.h"
 
 #include <cstdio>
 #include <cstdlib>
+#include <zrfontmetrics>
 
 ZrDisplay::~ZrDisplay() = default;
 ZrPointerInput::~ZrPointerInput() = default;
@@ -58,12 +60,14 @@ ZrApplication::ZrApplication(int, char **)
         pointer_ = parts().makePointer();
         pointer_->start(desktopRect_);
     }
+    connectLinkEvents();
     timerCore_->start();
     idleTimer_ = startTimer(IdleTickMs);
 }
 
 ZrApplication::~ZrApplication()
 {
+    disconnectLinkEvents();
     // The children use everything below, so they go first.
     deleteChildren();
     pointer_.reset();
@@ -96,6 +100,7 @@ void ZrApplication::closeDisplay()
     if (!display_)
         return;
     display_->close();
+    ZrFontMetrics::clearFontCache();
 }
 
 void ZrApplication::reopenDisplay()

@@ -47,6 +47,22 @@ function(zr_room name)
   target_link_libraries(${name} PUBLIC ${ARGN})
 endfunction()
 
+# zr_data(NAME FOLDER PATTERN): copies files into FOLDER of the data directory beside the programs.
+function(zr_data name folder pattern)
+  file(GLOB files CONFIGURE_DEPENDS ${pattern})
+  set(target ${CMAKE_BINARY_DIR}/data/${folder})
+  set(outputs)
+  foreach(file IN LISTS files)
+    get_filename_component(leaf ${file} NAME)
+    add_custom_command(OUTPUT ${target}/${leaf}
+      COMMAND ${CMAKE_COMMAND} -E make_directory ${target}
+      COMMAND ${CMAKE_COMMAND} -E copy ${file} ${target}/${leaf}
+      DEPENDS ${file} VERBATIM)
+    list(APPEND outputs ${target}/${leaf})
+  endforeach()
+  add_custom_target(${name} ALL DEPENDS ${outputs})
+endfunction()
+
 # zr_test(FOLDER LINKS...): one test program of all *_test.cpp and helpers in the calling folder.
 # Tests whose suite begins with "Slow" carry the label slow, which ./check --fast leaves out.
 function(zr_test folder)

@@ -23,6 +23,8 @@ std::vector<Aim> &aims()
 class MedianReporter : public benchmark::ConsoleReporter
 {
 public:
+    MedianReporter() : ConsoleReporter(OO_None) {}
+
     void ReportRuns(const std::vector<Run> &runs) override
     {
         for (const Run &run : runs) {

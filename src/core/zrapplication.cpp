@@ -165,6 +165,11 @@ void ZrApplication::removePostedEvents(ZrObject *receiver)
         instance_->queue_->removeFor(receiver);
 }
 
+bool ZrApplication::hasEventsInHand() const
+{
+    return queue_ && queue_->hasInHand();
+}
+
 void ZrApplication::dropQueuedSignals(ZrObject *sender)
 {
     if (queue_)

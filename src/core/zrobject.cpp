@@ -28,7 +28,7 @@ ZrObject::~ZrObject()
         return;
     if (timerCount_ > 0)
         application->timerCore()->unregisterTimers(this);
-    if (postedEvents() > 0)
+    if (postedEvents() > 0 || application->hasEventsInHand())
         ZrApplication::removePostedEvents(this);
     if (hasQueuedSignals_)
         application->dropQueuedSignals(this);

@@ -15,9 +15,8 @@ set(CMAKE_C_FLAGS_RELEASE "-O2")
 option(ZR_WERROR "Treat warnings as errors" OFF)
 set(ZR_SANITIZE "" CACHE STRING "Sanitizers for every target, as -fsanitize takes them")
 
-add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor)
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
 if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
-  # clang spells the gcc option above without a level, and knows no reason to warn about its absence.
   add_compile_options(-Wno-unknown-warning-option -Wno-gnu-zero-variadic-macro-arguments)
 endif()
 if(ZR_WERROR)

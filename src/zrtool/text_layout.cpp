@@ -1,0 +1,204 @@
+#include "zrtool/text_layout.h"
+
+#include "zrtool/glyph_store.h"
+
+#include <zrnamespace>
+
+#include <algorithm>
+
+namespace zrtool
+{
+namespace
+{
+
+// Texts laid out last, each at the place that its hash names. A longer text is laid out seldom and
+// would keep too many glyphs from being dropped.
+constexpr std::size_t cacheSlots = 256;
+constexpr int longestCached = 2048;
+
+struct Slot {
+    std::size_t hash = 0;
+    const TextLayout *layout = nullptr;
+};
+
+Slot *cache()
+{
+    static Slot slots[cacheSlots];
+    return slots;
+}
+
+std::size_t hashOf(const ZrString &text, ZrFont font)
+{
+    return zrHash(text) ^ (std::size_t(font.pointSize()) << 8 | font.flags()) * 0x9E3779B9u;
+}
+
+bool isOf(const TextLayout &layout, const ZrString &text, ZrFont font)
+{
+    return layout.shaped().font() == font && layout.shaped().text() == text;
+}
+
+} // namespace
+
+const TextLayout *TextLayout::find(const ZrString &text, ZrFont font, const LayoutOptions &options)
+{
+    if (text.size() > longestCached) {
+        const TextLayout *layout = new TextLayout(ShapedText::make(text, font), options);
+        GlyphStore::instance().trim();
+        return layout;
+    }
+    const std::size_t hash = hashOf(text, font);
+    Slot &slot = cache()[hash % cacheSlots];
+    const bool sameText = slot.layout && slot.hash == hash && isOf(*slot.layout, text, font);
+    if (!sameText || !(slot.layout->options() == options)) {
+        const ShapedText *shaped = nullptr;
+        if (sameText)
+            (shaped = &slot.layout->shaped())->ref();
+        else
+            shaped = ShapedText::make(text, font);
+        const TextLayout *layout = new TextLayout(shaped, options);
+        if (slot.layout)
+            slot.layout->deref();
+        slot = {hash, layout};
+        GlyphStore &store = GlyphStore::instance();
+        store.trim();
+        if (store.bytes() > store.limit()) {
+            // The cached texts pin too much of the glyphs: begin anew with this one.
+            layout->ref();
+            clearCache();
+            store.trim();
+            return layout;
+        }
+    }
+    slot.layout->ref();
+    return slot.layout;
+}
+
+void TextLayout::clearCache()
+{
+    for (std::size_t i = 0; i < cacheSlots; i++) {
+        Slot &slot = cache()[i];
+        if (slot.layout)
+            slot.layout->deref();
+        slot = {};
+    }
+}
+
+TextLayout::TextLayout(const ShapedText *shaped, const LayoutOptions &options)
+    : shaped_(shaped), options_(options)
+{
+    breakLines();
+    placeLines();
+    order_ = {};
+}
+
+TextLayout::~TextLayout()
+{
+    shaped_->deref();
+}
+
+int TextLayout::widthOf(int cluster) const
+{
+    const Cluster *c = &shaped_->clusters()[std::size_t(cluster)];
+    return c->width + (c[1].firstGlyph - c->firstGlyph) * options_.letterSpacing;
+}
+
+int TextLayout::lineOf(int cluster) const
+{
+    const auto after =
+        std::upper_bound(lines_.begin(), lines_.end(), cluster,
+                         [](int at, const TextLine &line) { return at < line.from; });
+    return std::max(int(after - lines_.begin()) - 1, 0);
+}
+
+// One past the last cluster of the line that begins with this one.
+int TextLayout::endOfLine(int from) const
+{
+    const std::vector<Cluster> &clusters = shaped_->clusters();
+    const int count = shaped_->clusterCount();
+    const int most = options_.wrap && !options_.area.isEmpty() ? options_.area.width() : INT32_MAX;
+    long long width = 0;
+    int possible = from; // the last place where the line may end
+    for (int i = from; i < count; i++) {
+        const Cluster &cluster = clusters[std::size_t(i)];
+        if (cluster.lineEnd)
+            return i + 1;
+        width += widthOf(i);
+        if (width - options_.letterSpacing > most && !cluster.space && i > from)
+            return possible > from ? possible : i;
+        if (cluster.mayBreakBehind)
+            possible = i + 1;
+    }
+    return count;
+}
+
+void TextLayout::breakLines()
+{
+    const int count = shaped_->clusterCount();
+    int from = 0;
+    while (from < count) {
+        const int to = endOfLine(from);
+        lines_.push_back({from, to, ZrRect()});
+        from = to;
+    }
+    const std::vector<Cluster> &clusters = shaped_->clusters();
+    if (count == 0 || clusters[std::size_t(count) - 1].lineEnd)
+        lines_.push_back({count, count, ZrRect()});
+}
+
+void TextLayout::placeLines()
+{
+    const ZrFont font = shaped_->font();
+    const int lineHeight = ZrFontMetrics::lineHeight(font);
+    const std::vector<Cluster> &clusters = shaped_->clusters();
+    const int height = lineHeight * int(lines_.size());
+    int y = options_.area.top();
+    if (options_.alignment & Zr::AlignBottom)
+        y += options_.area.height() - height;
+    else if (options_.alignment & Zr::AlignVCenter)
+        y += (options_.area.height() - height) / 2;
+    int widest = 0;
+    paintInfo_.reserve(int(lines_.size()));
+    for (TextLine &line : lines_) {
+        int end = line.to;
+        while (end > line.from && (clusters[std::size_t(end) - 1].lineEnd ||
+                                   (options_.wrap && clusters[std::size_t(end) - 1].space)))
+            end--;
+        int width = end > line.from ? -options_.letterSpacing : 0;
+        for (int i = line.from; i < end; i++)
+            width += widthOf(i);
+        const bool fromRight =
+            line.from < shaped_->clusterCount() && clusters[std::size_t(line.from)].baseLevel % 2;
+        const int room = options_.area.width() - width;
+        int x = options_.area.left();
+        if (room < 0 && !options_.area.isEmpty())
+            x += fromRight ? room : 0;
+        else if (options_.alignment & Zr::AlignRight)
+            x += room;
+        else if (options_.alignment & Zr::AlignHCenter)
+            x += room / 2;
+        line.rect = ZrRect(x, y, width, lineHeight);
+        addPaintInfo({line.from, end, line.rect});
+        widest = std::max(widest, width);
+        y += lineHeight;
+    }
+    size_ = ZrSize(widest, height);
+}
+
+void TextLayout::addPaintInfo(const TextLine &line)
+{
+    const std::vector<Cluster> &clusters = shaped_->clusters();
+    const int size = shaped_->font().pointSize();
+    ZrPaintInfo info;
+    info.x = line.rect.left();
+    info.y = line.rect.bottom() + 1 + size / 8 + 1;
+    order_.clear();
+    visualOrder(clusters, line.from, line.to, order_);
+    for (const int i : order_) {
+        const Cluster *cluster = &clusters[std::size_t(i)];
+        info.glyphs.append(shaped_->glyphs().data() + cluster->firstGlyph,
+                           cluster[1].firstGlyph - cluster->firstGlyph);
+    }
+    paintInfo_.append(info);
+}
+
+} // namespace zrtool

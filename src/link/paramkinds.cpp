@@ -89,9 +89,9 @@ const ParamKindRow *paramKindsEnd()
 
 const ParamKindRow *findParamKind(uint32_t kind)
 {
-    const ParamKindRow *row =
-        std::lower_bound(paramKindsBegin(), paramKindsEnd(), kind,
-                         [](const ParamKindRow &left, uint32_t right) { return left.kind < right; });
+    const ParamKindRow *row = std::lower_bound(
+        paramKindsBegin(), paramKindsEnd(), kind,
+        [](const ParamKindRow &left, uint32_t right) { return left.kind < right; });
     return row != paramKindsEnd() && row->kind == kind ? row : nullptr;
 }
 

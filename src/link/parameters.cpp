@@ -1,4 +1,4 @@
-#include "link/params.h"
+#include "link/parameters.h"
 
 #include "link/app_messages.h"
 #include "link/appcalls.h"

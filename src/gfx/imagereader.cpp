@@ -1,0 +1,44 @@
+#include "gfx/imagereader.h"
+
+#include <cstring>
+#include <zrcanvas>
+#include <zrimage>
+
+namespace
+{
+
+constexpr size_t kMagicLength = 8;
+constexpr uint8_t kPngSignature[kMagicLength] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1a, '\n'};
+
+bool beginsWithEither(EncodedBytes bytes, uint8_t a, uint8_t b)
+{
+    return (bytes.data[0] == a && bytes.data[1] == b) || (bytes.data[0] == b && bytes.data[1] == a);
+}
+
+} // namespace
+
+bool isAllowedSize(uint64_t width, uint64_t height)
+{
+    return width > 0 && height > 0 && width <= ZrImage::maxSide && height <= ZrImage::maxSide &&
+           width * height <= ZrImage::maxPixels;
+}
+
+std::unique_ptr<ZrCanvas> makeCanvas(uint32_t width, uint32_t height)
+{
+    auto canvas =
+        std::make_unique<ZrCanvas>(int(width), int(height), ZrColor(0, 0, 0, 0), ZrRegion());
+    return canvas->data() ? std::move(canvas) : nullptr;
+}
+
+std::unique_ptr<ZrCanvas> readImage(EncodedBytes bytes)
+{
+    if (bytes.length < kMagicLength)
+        return nullptr;
+    if (beginsWithEither(bytes, 'B', 'M'))
+        return readBmp(bytes);
+    if (std::memcmp(bytes.data, kPngSignature, kMagicLength) == 0)
+        return readPng(bytes);
+    if (beginsWithEither(bytes, 0xff, 0xd8))
+        return readJpeg(bytes);
+    return nullptr;
+}

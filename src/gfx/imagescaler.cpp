@@ -1,0 +1,74 @@
+#include "gfx/imagescaler.h"
+
+ImageScaler::Scratch &ImageScaler::scratch()
+{
+    static Scratch kept;
+    return kept;
+}
+
+void ImageScaler::placeColumns(int first, int count)
+{
+    Scratch &s = scratch();
+    count_ = count;
+    if (int(s.columns.size()) < count) {
+        s.columns.resize(size_t(count));
+        for (auto &slot : s.rows)
+            for (auto &plane : slot)
+                plane.resize(size_t(count));
+    }
+    s.rowOf[0] = s.rowOf[1] = -1;
+    for (int i = 0; i < count; ++i) {
+        const int pixel = across_.pixel(first + i);
+        StretchColumn &column = s.columns[size_t(i)];
+        column = {pixel, uint16_t(across_.fraction(first + i))};
+        // The last pixel has no right neighbour: it is taken as the right one of the pair before.
+        if (pixel >= across_.limit - 1)
+            column = {across_.limit - 2, 256};
+    }
+}
+
+StretchedRow ImageScaler::stretchedRow(int y)
+{
+    Scratch &s = scratch();
+    const int slot = y & 1;
+    const StretchedRow row{s.rows[slot][0].data(), s.rows[slot][1].data()};
+    if (s.rowOf[slot] == y)
+        return row;
+    s.rowOf[slot] = y;
+    const uint32_t *from = image_.at(0, y);
+    if (across_.limit > 1) {
+        pixelKernels().stretch(row, from, s.columns.data(), count_);
+        return row;
+    }
+    for (int i = 0; i < count_; ++i) {
+        row.redBlue[i] = (*from & 0xff00ff) << 8;
+        row.greenAlpha[i] = *from & 0xff00ff00;
+    }
+    return row;
+}
+
+template <class Word, class Mix>
+void ImageScaler::drawRows(const PixelBuffer<Word> &to, int left, int top, const ClipBox &visible,
+                           Mix mix)
+{
+    placeColumns(visible.left - left, visible.width());
+    for (int y = visible.top; y <= visible.bottom; ++y) {
+        const int upper = std::min(down_.pixel(y - top), down_.limit - 1);
+        const int bottom = std::min(upper + 1, down_.limit - 1);
+        mix(to.at(visible.left, y), stretchedRow(upper), stretchedRow(bottom),
+            down_.fraction(y - top), count_);
+    }
+}
+
+void ImageScaler::draw(const PixelBuffer<uint16_t> &to, int left, int top, const ClipBox &visible,
+                       bool isOpaque)
+{
+    drawRows(to, left, top, visible,
+             isOpaque ? pixelKernels().scaledOpaque16 : pixelKernels().scaled16);
+}
+
+void ImageScaler::draw(const PixelBuffer<uint32_t> &to, int left, int top, const ClipBox &visible,
+                       bool)
+{
+    drawRows(to, left, top, visible, pixelKernels().scaled32);
+}

@@ -1,0 +1,33 @@
+#include "gfx/painterclip.h"
+
+#include <zrfontmetrics>
+#include <zrstring>
+
+void ZrPainter::drawText(int x, int y, const ZrString &text)
+{
+    if (text.isEmpty())
+        return;
+    forEachClip(rect_,
+                [&](const ZrRect &) { canvas_->drawText(x + originX_, y + originY_, text); });
+}
+
+void ZrPainter::drawText(const ZrRect &rect, int align, const ZrString &text)
+{
+    if (!canvas_ || text.isEmpty() || !effective_.intersects(rect))
+        return;
+    ZrFontMetrics metrics(text, font_, rect.width(), state_.letterSpacing);
+    metrics.setWorpWrap(align & Zr::TextWordWrap);
+    metrics.setAlignment(align & ~Zr::TextWordWrap);
+    metrics.setTextMinRect(rect.left(), rect.top(), rect.width(), rect.height());
+    for (const ZrPaintInfo &line : metrics.paintInfoList()) {
+        forEachClip(rect, [&](const ZrRect &) {
+            canvas_->drawGlyphs(line.x + originX_, line.y + originY_, line.glyphs);
+        });
+    }
+}
+
+void ZrPainter::drawGlyphs(int x, int y, const ZrVector<const GlyphBitmap *> &glyphs)
+{
+    forEachClip(rect_,
+                [&](const ZrRect &) { canvas_->drawGlyphs(x + originX_, y + originY_, glyphs); });
+}

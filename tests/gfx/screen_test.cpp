@@ -200,7 +200,9 @@ TEST(Screen, RandomStacksShowTheTopmost)
     constexpr unsigned kSeed = 7;
     SCOPED_TRACE(testing::Message() << "seed " << kSeed);
     std::mt19937 engine(kSeed);
-    auto in = [&](int low, int high) { return std::uniform_int_distribution<int>(low, high)(engine); };
+    auto in = [&](int low, int high) {
+        return std::uniform_int_distribution<int>(low, high)(engine);
+    };
     auto rect = [&] { return ZrRect(in(-5, 50), in(-5, 40), in(1, 40), in(1, 30)); };
     VirtualScreen board;
     std::vector<std::unique_ptr<PlainWindow>> windows;

@@ -25,7 +25,8 @@ class VirtualScreen
 {
 public:
     explicit VirtualScreen(int width = 64, int height = 48, int lineLength = 0)
-        : path(testing::TempDir() + "zr_screen_" + std::to_string(getpid()) + ".fb"), application(0, nullptr)
+        : path(testing::TempDir() + "zr_screen_" + std::to_string(getpid()) + ".fb"),
+          application(0, nullptr)
     {
         resize(width, height, lineLength);
         screen = std::make_unique<ZrScreen>();

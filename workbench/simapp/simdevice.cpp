@@ -91,7 +91,7 @@ void SimDevice::fillCameras(ParamStore *params) const
                 .text(base + AnalogCameraEntry::OffsetName, AnalogCameraEntry::NameSize,
                       ZrString(camera.name.c_str()))
                 .u16(base + AnalogCameraEntry::OffsetOsdX, 60)
-                .u16(base + AnalogCameraEntry::OffsetOsdY, 960)
+                .u16(base + AnalogCameraEntry::OffsetOsdY, 906)
                 .u8(base + AnalogCameraEntry::OffsetShowName, 1);
             continue;
         }

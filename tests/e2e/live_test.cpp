@@ -177,13 +177,13 @@ TEST_F(Live, AppMovesThePointerToo)
 
 TEST_F(Live, ACameraThatGoesGetsItsTextAndAnOldOneItsSetAnew)
 {
-    const ZrRect cell = recorder->cell(5);
+    const ZrRect cell = recorder->cell(3);
     const ZrRect center(cell.left() + cell.width() / 2 - 40, cell.top() + cell.height() / 2 - 16, 80,
                         32);
     ASSERT_EQ(opaquePixels(*recorder, center), 0);
-    recorder->app().change([](SimDevice &device) { device.channel(5).state = SimChannel::NoCamera; });
+    recorder->app().change([](SimDevice &device) { device.channel(3).state = SimChannel::NoCamera; });
     EXPECT_TRUE(waitUntil([&] { return opaquePixels(*recorder, center) > 50; }));
-    recorder->app().change([](SimDevice &device) { device.channel(5).state = SimChannel::Online; });
+    recorder->app().change([](SimDevice &device) { device.channel(3).state = SimChannel::Online; });
     EXPECT_TRUE(waitUntil([&] { return opaquePixels(*recorder, center) == 0; }));
 }
 

@@ -39,6 +39,7 @@ public:
     void start();
     // And waits until the live view is on the screen.
     bool startLive();
+    pid_t process() const { return child_; }
     bool isRunning();
     // The exit status, -1 when it did not end in time.
     int waitExit();

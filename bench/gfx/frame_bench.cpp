@@ -105,6 +105,7 @@ void flush(benchmark::State &state, ZrRect rect)
 }
 BENCHMARK_CAPTURE(flush, dirty, kDirty);
 BENCHMARK_CAPTURE(flush, screen, kScreen);
+BENCHMARK_CAPTURE(flush, tiny, ZrRect(5, 5, 1, 1));
 
 // The yardsticks work on the memory that the flush works on.
 void copyRows(const ZrRect &rect)

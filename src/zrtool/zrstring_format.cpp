@@ -272,7 +272,7 @@ ZrString ZrString::arg(unsigned long long value, int width, int base, ZrUcs2 fil
     return arg(paddedNumber(number(value, base), width, fill));
 }
 
-ZrString ZrString::arg(double value, int width, char format, int precision, ZrUcs2 fill) const
+ZrString ZrString::argDouble(double value, int width, char format, int precision, ZrUcs2 fill) const
 {
     return arg(paddedNumber(number(value, format, precision), width, fill));
 }

@@ -4,6 +4,8 @@
 
 #include "platform/framebufferdoor.h"
 
+#include <gtest/gtest.h>
+
 #include <zrapplication>
 #include <zrfbcanvas>
 #include <zrmemsurface>

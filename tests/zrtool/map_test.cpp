@@ -1,0 +1,171 @@
+#include "zrtool/random_seed.h"
+#include "zrtool/tracked.h"
+
+#include <zrhash>
+#include <zrmap>
+#include <zrstring>
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <unordered_map>
+
+namespace
+{
+
+using Model = std::multimap<int, int>;
+
+void expectEqual(const ZrMap<int, Large> &map, const Model &model)
+{
+    ASSERT_EQ(map.size(), int(model.size()));
+    auto at = map.begin();
+    for (const auto &[key, value] : model) {
+        ASSERT_EQ(at.key(), key);
+        ASSERT_EQ(at->value(), value);
+        ++at;
+    }
+    ASSERT_TRUE(at == map.end());
+}
+
+} // namespace
+
+TEST(ZrMap, AgreesWithAMultimapUnderRandomChanges)
+{
+    std::mt19937 random = seededRandom();
+    {
+        ZrMap<int, Large> map, kept;
+        Model model, keptModel;
+        for (int step = 0; step < 6000; step++) {
+            const int key = pick(random, 0, 99), value = pick(random, 0, 999);
+            switch (pick(random, 0, 6)) {
+            case 0: {
+                map.insert(key, value);
+                auto found = model.find(key) == model.end() ? model.end() : model.lower_bound(key);
+                if (found == model.end())
+                    model.insert({key, value});
+                else
+                    found->second = value;
+                break;
+            }
+            case 1: // in front of equal keys
+                map.insertMulti(key, value);
+                model.insert(model.lower_bound(key), {key, value});
+                break;
+            case 2: // behind them
+                map.insertMulti(key, value, ZrMap<int, Large>::Among::Behind);
+                model.insert(model.upper_bound(key), {key, value});
+                break;
+            case 3:
+                ASSERT_EQ(map.remove(key), int(model.erase(key)));
+                break;
+            case 4: { // one of several equal ones
+                auto at = map.find(key);
+                auto same = model.lower_bound(key);
+                if (at == map.end())
+                    break;
+                if (map.count(key) > 1) {
+                    ++at;
+                    ++same;
+                }
+                map.erase(at);
+                model.erase(same);
+                break;
+            }
+            case 5:
+                kept = map;
+                keptModel = model;
+                break;
+            default:
+                std::swap(map, kept);
+                std::swap(model, keptModel);
+            }
+            ASSERT_NO_FATAL_FAILURE(expectEqual(map, model)) << "step " << step;
+            ASSERT_EQ(map.contains(key), model.count(key) > 0);
+        }
+    }
+    EXPECT_EQ(Large::alive, 0);
+}
+
+TEST(ZrMap, FindsBoundsAndKeepsTheOrderAskedFor)
+{
+    ZrMap<int, ZrString> map;
+    EXPECT_TRUE(std::as_const(map).lowerBound(1) == map.constEnd());
+    for (int key : {30, 10, 20})
+        map.insert(key, ZrString::number(key));
+    EXPECT_EQ(std::as_const(map).lowerBound(20).key(), 20);
+    EXPECT_EQ(std::as_const(map).upperBound(20).key(), 30);
+    EXPECT_EQ(std::as_const(map).lowerBound(11).key(), 20);
+    EXPECT_TRUE(std::as_const(map).upperBound(30) == map.constEnd());
+    map.setInsertInOrder(true);
+    map.insertMulti(10, "a");
+    map.insertMulti(10, "b");
+    EXPECT_EQ(map.values(10), (ZrList<ZrString>{"10", "a", "b"}));
+    EXPECT_EQ(map.keys(), (ZrList<int>{10, 10, 10, 20, 30}));
+    EXPECT_EQ(map.take(10), ZrString("10"));
+    EXPECT_EQ(map.value(10), ZrString("a"));
+    EXPECT_EQ(map.value(11, "none"), ZrString("none"));
+    EXPECT_EQ(std::as_const(map)[99], ZrString());
+    EXPECT_EQ(map.size(), 4);
+}
+
+TEST(ZrHash, AgreesWithAnUnorderedMapUnderRandomChanges)
+{
+    std::mt19937 random = seededRandom();
+    {
+        ZrHash<ZrString, Large> hash, kept;
+        std::unordered_map<int, int> model, keptModel;
+        for (int step = 0; step < 6000; step++) {
+            const int key = pick(random, 0, 299), value = pick(random, 0, 999);
+            const ZrString name = ZrString::number(key);
+            switch (pick(random, 0, 5)) {
+            case 0:
+            case 1:
+                hash.insert(name, value);
+                model[key] = value;
+                break;
+            case 2:
+                hash[name] = value;
+                model[key] = value;
+                break;
+            case 3:
+                ASSERT_EQ(hash.remove(name), int(model.erase(key)));
+                break;
+            case 4:
+                kept = hash;
+                keptModel = model;
+                break;
+            default:
+                std::swap(hash, kept);
+                std::swap(model, keptModel);
+            }
+            ASSERT_EQ(hash.size(), int(model.size()));
+            ASSERT_EQ(hash.contains(name), model.count(key) > 0);
+        }
+        int walked = 0;
+        for (auto at = hash.constBegin(); at != hash.constEnd(); ++at, walked++)
+            ASSERT_EQ(at->value(), model.at(at.key().toInt()));
+        EXPECT_EQ(walked, int(model.size()));
+        for (auto at = hash.begin(); at != hash.end();)
+            at = hash.erase(at);
+        EXPECT_TRUE(hash.isEmpty());
+    }
+    EXPECT_EQ(Large::alive, 0);
+}
+
+// Keys that a simple hash would all put in one bucket.
+TEST(ZrHash, SpreadsRegularKeys)
+{
+    ZrHash<std::uint64_t, int> hash;
+    for (std::uint64_t i = 0; i < 4096; i++)
+        hash.insert(i << 20, int(i));
+    const std::size_t spread = zrHash(std::uint64_t(1)); // the identity: buckets must do the work
+    EXPECT_EQ(spread, 1u);
+    ZrHashData data{nullptr, 1, 0, 0, 0};
+    data.rehash(12);
+    std::map<ZrHashData::Node **, int> used;
+    int fullest = 0;
+    for (std::uint64_t i = 0; i < 4096; i++)
+        fullest = std::max(fullest, ++used[data.bucket(i << 20)]);
+    EXPECT_LE(fullest, 8);
+    free(data.buckets);
+}

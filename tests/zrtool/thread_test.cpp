@@ -1,0 +1,138 @@
+// Handles that go from thread to thread by value. Meant for the thread sanitizer, too.
+#include <zrhash>
+#include <zrlist>
+#include <zrmap>
+#include <zrregion>
+#include <zrstringlist>
+#include <zrvector>
+#include <zrwaitcondition>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <thread>
+
+namespace
+{
+
+struct Values {
+    ZrString text;
+    ZrStringList list;
+    ZrVector<int> vector;
+    ZrMap<int, ZrString> map;
+    ZrHash<int, ZrString> hash;
+    ZrByteArray bytes;
+    ZrRegion region;
+
+    void change(int by)
+    {
+        text.append(ZrUcs2('a' + by % 26));
+        if (text.size() > 20)
+            text.clear();
+        list.append(text);
+        if (list.size() > 20)
+            list.removeFirst();
+        vector.append(by);
+        if (vector.size() > 20)
+            vector.clear();
+        map.insert(by % 20, text);
+        hash.insert(by % 20, text);
+        bytes.append(char(by));
+        if (bytes.size() > 20)
+            bytes.clear();
+        region += ZrRect(by % 50, by % 30, 5, 5);
+        if (region.rectCount() > 20)
+            region.clear();
+    }
+};
+
+// One place for one value: put in by one thread, taken out by the next.
+class Mailbox
+{
+public:
+    void put(const Values &values)
+    {
+        condition_.lock();
+        while (full_)
+            condition_.wait(-1);
+        values_ = values;
+        full_ = true;
+        condition_.wakeAll();
+        condition_.unlock();
+    }
+    Values take()
+    {
+        condition_.lock();
+        while (!full_)
+            condition_.wait(-1);
+        Values taken = values_;
+        full_ = false;
+        condition_.wakeAll();
+        condition_.unlock();
+        return taken;
+    }
+
+private:
+    ZrWaitCondition condition_;
+    Values values_;
+    bool full_ = false;
+};
+
+} // namespace
+
+TEST(Threads, FourPassHandlesInARing)
+{
+    constexpr int threads = 4, rounds = 2000;
+    Mailbox boxes[threads];
+    std::vector<std::thread> ring;
+    int lost[threads] = {};
+    for (int id = 0; id < threads; id++) {
+        ring.emplace_back([&, id] {
+            Values mine, kept;
+            for (int round = 0; round < rounds; round++) {
+                mine.change(round + id);
+                const ZrString before = mine.text;
+                boxes[id].put(mine); // the next thread shares it from here on
+                mine.change(round);
+                kept = boxes[(id + threads - 1) % threads].take();
+                lost[id] += !before.isEmpty() && before == mine.text;
+                if (round % 3 == 0)
+                    mine = kept;
+            }
+        });
+    }
+    for (std::thread &thread : ring)
+        thread.join();
+    for (int id = 0; id < threads; id++)
+        EXPECT_EQ(lost[id], 0) << "a copy changed with its original";
+}
+
+TEST(ZrWaitCondition, TellsBeingWokenFromRunningOut)
+{
+    ZrWaitCondition condition;
+    condition.lock();
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(condition.wait(20), 0);
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(20));
+    EXPECT_EQ(condition.wait(0), 0);
+
+    bool ready = false, woken = false;
+    std::thread waiter([&] {
+        pthread_mutex_lock(&condition.mutex);
+        ready = true;
+        while (ready)
+            woken = condition.wait(10000) != 0;
+        pthread_mutex_unlock(&condition.mutex);
+    });
+    condition.unlock();
+    for (bool seen = false; !seen;) {
+        condition.lock();
+        if ((seen = ready)) {
+            ready = false;
+            pthread_cond_signal(&condition.condition);
+        }
+        condition.unlock();
+    }
+    waiter.join();
+    EXPECT_TRUE(woken);
+}

@@ -139,16 +139,13 @@ Marker findMarker(const ZrString &text, int from)
     return {};
 }
 
-ZrString padding(int width, int size, ZrUcs2 fill)
-{
-    const long long missing = std::abs((long long)width) - size;
-    constexpr int widest = 1 << 20;
-    return ZrString(int(std::clamp<long long>(missing, 0, widest)), fill);
-}
-
 ZrString padded(const ZrString &text, int width, ZrUcs2 fill)
 {
-    const ZrString pad = padding(width, text.size(), fill);
+    constexpr long long widest = 1 << 20;
+    const long long missing = std::min(std::abs((long long)width), widest) - text.size();
+    if (missing <= 0)
+        return text;
+    const ZrString pad(int(missing), fill);
     return width < 0 ? text + pad : pad + text;
 }
 

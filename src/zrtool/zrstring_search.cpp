@@ -32,6 +32,25 @@ const ZrUcs2 *findUnit(const ZrUcs2 *from, const ZrUcs2 *end, ZrUcs2 unit)
     return std::find(from, end, unit);
 }
 
+// How many units are equal to `unit`.
+int countUnits(const ZrUcs2 *from, const ZrUcs2 *end, ZrUcs2 unit)
+{
+    typedef ZrUcs2 Units __attribute__((vector_size(16)));
+    constexpr int lanes = sizeof(Units) / sizeof(ZrUcs2), mostRounds = 65535;
+    int count = 0;
+    while (end - from >= lanes) {
+        Units sums = {};
+        for (int round = 0; round < mostRounds && end - from >= lanes; round++, from += lanes) {
+            Units units;
+            std::memcpy(&units, from, sizeof units);
+            sums -= reinterpret_cast<Units>(units == unit); // a lane that is equal is -1
+        }
+        for (int i = 0; i < lanes; i++)
+            count += sums[i];
+    }
+    return count + int(std::count(from, end, unit));
+}
+
 bool equalFolded(const ZrUcs2 *a, const ZrUcs2 *b, int count)
 {
     for (int i = 0; i < count; i++)
@@ -72,6 +91,7 @@ public:
         : begin_(text.begin()), behavior_(behavior)
     {
     }
+    void reserve(int parts) { parts_.reserve(parts); }
     void cut(const ZrUcs2 *at, int separator)
     {
         if (at != begin_ || behavior_ == ZrString::KeepEmptyParts)
@@ -163,6 +183,7 @@ ZrStringList ZrString::split(ZrUcs2 separator, SplitBehavior behavior,
     Splitter splitter(*this, behavior);
     const ZrUcs2 folded = foldCase(separator);
     if (sensitivity == Zr::CaseSensitive) {
+        splitter.reserve(countUnits(begin(), end(), separator) + 1);
         const ZrUcs2 *found;
         while ((found = findUnit(splitter.begin(), end(), separator)) != end())
             splitter.cut(found, 1);

@@ -139,7 +139,7 @@ ZrString ZrString::fromUtf16(const ZrUcs2 *units, int length)
     std::memcpy(body->data, units, bytesOf(length));
     body->data[length] = 0;
     body->size = length;
-    return ZrString(body);
+    return ZrString(Taken{body});
 }
 
 ZrString &ZrString::append(const ZrString &other)

@@ -60,10 +60,10 @@ def merge_faces():
     taken = set()
     faces = [cut_face(name, ranges, taken) for name, ranges in FACES]
     merged = Merger(options=MergeOptions(drop_tables=["DSIG", "gasp"])).merge(faces)
+    metrics = TTFont(faces[0])
     # Equal sources give equal files.
     merged.recalcTimestamp = False
-    merged["head"].modified = merged["head"].created
-    metrics = TTFont(faces[0])
+    merged["head"].created = merged["head"].modified = metrics["head"].modified
     for field in ("ascent", "descent", "lineGap"):
         setattr(merged["hhea"], field, getattr(metrics["hhea"], field))
     data = io.BytesIO()

@@ -1,6 +1,7 @@
 #include <zrstring>
 
 #include "zrtool/letter_case.h"
+#include "zrtool/string_splitter.h"
 #include "zrtool/utf8.h"
 
 #include <zrstringlist>
@@ -13,7 +14,7 @@
 
 using namespace zrtool;
 
-ZrString::Data ZrString::sharedNull = {ZrAtomicInt::permanent, 0, 0, sharedNull.array, {0}};
+ZrString::Data ZrString::sharedNull = {ZrAtomicInt::permanent, 0, 0, 0, sharedNull.array, {0}};
 
 namespace
 {
@@ -43,20 +44,26 @@ ZrString::Data *ZrString::allocate(int alloc)
     auto *body = static_cast<Data *>(std::malloc(bodySize(alloc)));
     if (!body)
         throw std::bad_alloc();
-    new (body) Data{1, alloc, 0, nullptr, {0}};
+    new (body) Data{1, alloc, 0, 0, nullptr, {0}};
     body->data = body->array;
     return body;
 }
 
 void ZrString::freeBody(Data *body)
 {
-    std::free(static_cast<void *>(body));
+    if (body->inSlab) {
+        auto *slab = reinterpret_cast<Slab *>(reinterpret_cast<char *>(body) - body->inSlab);
+        if (!slab->bodies.deref())
+            std::free(static_cast<void *>(slab));
+    } else {
+        std::free(static_cast<void *>(body));
+    }
 }
 
 // Gives the string an unshared body with room for `alloc` units; keeps the text as far as it fits.
 void ZrString::reallocate(int alloc)
 {
-    if (d->ref.isShared()) {
+    if (d->ref.isShared() || d->inSlab) {
         Data *body = allocate(alloc);
         body->size = std::min(d->size, alloc);
         std::memcpy(body->data, d->data, bytesOf(body->size));

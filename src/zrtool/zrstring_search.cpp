@@ -2,6 +2,7 @@
 #include <zrstring>
 
 #include "zrtool/letter_case.h"
+#include "zrtool/string_splitter.h"
 
 #include <zrstringlist>
 
@@ -84,33 +85,6 @@ const ZrUcs2 *findText(const ZrUcs2 *from, const ZrUcs2 *end, const ZrString &te
     return end;
 }
 
-class Splitter
-{
-public:
-    Splitter(const ZrString &text, ZrString::SplitBehavior behavior)
-        : begin_(text.begin()), behavior_(behavior)
-    {
-    }
-    void reserve(int parts) { parts_.reserve(parts); }
-    void cut(const ZrUcs2 *at, int separator)
-    {
-        if (at != begin_ || behavior_ == ZrString::KeepEmptyParts)
-            parts_.append(ZrString::fromUtf16(begin_, int(at - begin_)));
-        begin_ = at + separator;
-    }
-    ZrStringList finish(const ZrUcs2 *end)
-    {
-        cut(end, 0);
-        return std::move(parts_);
-    }
-    const ZrUcs2 *begin() const { return begin_; }
-
-private:
-    const ZrUcs2 *begin_;
-    ZrString::SplitBehavior behavior_;
-    ZrStringList parts_;
-};
-
 } // namespace
 
 int ZrString::indexOf(const ZrString &text, int from, Zr::CaseSensitivity sensitivity) const
@@ -168,7 +142,7 @@ ZrStringList ZrString::split(const ZrString &separator, SplitBehavior behavior,
 {
     if (separator.size() == 1)
         return split(separator.at(0), behavior, sensitivity);
-    Splitter splitter(*this, behavior);
+    ZrStringSplitter splitter(*this, behavior);
     if (!separator.isEmpty()) {
         const ZrUcs2 *found;
         while ((found = findText(splitter.begin(), end(), separator, sensitivity)) != end())
@@ -180,7 +154,7 @@ ZrStringList ZrString::split(const ZrString &separator, SplitBehavior behavior,
 ZrStringList ZrString::split(ZrUcs2 separator, SplitBehavior behavior,
                              Zr::CaseSensitivity sensitivity) const
 {
-    Splitter splitter(*this, behavior);
+    ZrStringSplitter splitter(*this, behavior);
     const ZrUcs2 folded = foldCase(separator);
     if (sensitivity == Zr::CaseSensitive) {
         splitter.reserve(countUnits(begin(), end(), separator) + 1);

@@ -207,8 +207,9 @@ void SimApp::sendLocked(uint16_t mainType, uint16_t subType, const std::vector<u
     head.headResult = result;
     uint8_t bytes[AppMsgHead::Size];
     head.encode(bytes);
-    std::vector<uint8_t> whole(bytes, bytes + sizeof bytes);
-    whole.insert(whole.end(), body.begin(), body.end());
+    std::vector<uint8_t> whole(sizeof bytes + body.size());
+    std::copy(std::begin(bytes), std::end(bytes), whole.begin());
+    std::copy(body.begin(), body.end(), whole.begin() + sizeof bytes);
     connection_->write(whole);
 }
 

@@ -45,6 +45,9 @@ constexpr uint16_t kEmptyAnswers[] = {
     AppSystem::objectDetails,   AppSystem::analysisStop,    AppSystem::snapshotFirst,
     AppSystem::snapshotSecond,  AppSystem::snapshotThird,   AppSystem::snapshotFourth,
     AppSystem::raidQuery,       AppSystem::diskPanelState,  AppSystem::internetState,
+    AppSystem::pageQuery62,     AppSystem::faceQuery203,    AppSystem::faceQuery204,
+    AppSystem::faceQuery205,    AppSystem::pageQuery232,    AppSystem::objectQuery235,
+    AppSystem::pageQuery269,    AppSystem::pageQuery283,
 };
 
 } // namespace

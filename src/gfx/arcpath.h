@@ -1,0 +1,39 @@
+// An arc as the lines it is drawn by, and for a pen of one pixel as the pixels of those lines.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+#include <zrpoint>
+
+struct ArcShape {
+    int width, height; // of the box
+    int startAngle, spanAngle;
+    int penWidth;
+    bool antialias;
+
+    bool operator==(const ArcShape &o) const
+    {
+        return width == o.width && height == o.height && startAngle == o.startAngle &&
+               spanAngle == o.spanAngle && penWidth == o.penWidth && antialias == o.antialias;
+    }
+};
+
+struct ArcPixel {
+    int16_t x, y;
+    uint8_t coverage;
+};
+
+// All coordinates are relative to the corner of the box, and points lie on 64ths of a pixel: an arc
+// is the same wherever it stands. Pixels stand in the order in which the lines plot them.
+struct ArcPath {
+    ArcShape shape;
+    std::vector<ZrPointF> points;
+    std::vector<ArcPixel> pixels; // none for a wider pen
+    int left, top, right, bottom; // around the pixels
+
+    explicit ArcPath(const ArcShape &wanted);
+};
+
+// The last few arcs are kept, as the rings and corners of a screen are drawn again and again. The
+// reference holds until the next call. Main thread.
+const ArcPath &arcPath(const ArcShape &shape);

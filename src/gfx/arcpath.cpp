@@ -76,6 +76,17 @@ ArcPath::ArcPath(const ArcShape &wanted)
     }
 }
 
+const std::vector<int32_t> &ArcPath::offsets(ptrdiff_t stride) const
+{
+    if (stride_ != stride) {
+        stride_ = stride;
+        offsets_.clear();
+        for (const ArcPixel &pixel : pixels)
+            offsets_.push_back(int32_t(pixel.y * stride + pixel.x));
+    }
+    return offsets_;
+}
+
 const ArcPath &arcPath(const ArcShape &shape)
 {
     static std::vector<ArcPath> kept;

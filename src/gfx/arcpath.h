@@ -1,6 +1,7 @@
 // An arc as the lines it is drawn by, and for a pen of one pixel as the pixels of those lines.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 #include <zrpoint>
@@ -32,6 +33,14 @@ struct ArcPath {
     int left, top, right, bottom; // around the pixels
 
     explicit ArcPath(const ArcShape &wanted);
+
+    // The places of the pixels from the corner, in a buffer of that stride; worked out anew only
+    // when the stride changes.
+    const std::vector<int32_t> &offsets(ptrdiff_t stride) const;
+
+private:
+    mutable std::vector<int32_t> offsets_;
+    mutable ptrdiff_t stride_ = 0;
 };
 
 // The last few arcs are kept, as the rings and corners of a screen are drawn again and again. The

@@ -85,8 +85,8 @@ void CanvasOps<Format>::arc(int x, int y, int w, int h, int startAngle, int span
     const Word ink = Format::opaque(pen);
     if (isOpen && !state_.antialias && alphaOf(pen) == 255) {
         Word *corner = raster_.at(x, y);
-        for (const ArcPixel &pixel : path.pixels)
-            corner[pixel.y * buffer_.stride + pixel.x] = ink;
+        for (int32_t offset : path.offsets(buffer_.stride))
+            corner[offset] = ink;
         return;
     }
     for (const ArcPixel &pixel : path.pixels) {

@@ -18,7 +18,9 @@ inline int decodeAnything(const std::uint8_t *bytes, std::size_t size)
         std::abort();
     // The ends of the pixels are there.
     if (!image.isNull() &&
-        image.bits()[0] + image.bits()[4 * std::size_t(image.width()) * std::size_t(image.height()) - 1] > 510)
+        image.bits()[0] +
+                image.bits()[4 * std::size_t(image.width()) * std::size_t(image.height()) - 1] >
+            510)
         std::abort();
     return 0;
 }

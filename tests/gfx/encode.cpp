@@ -56,8 +56,8 @@ std::string packedRow(const PngKind &kind, int channels, int y)
             const unsigned value = sample(x, y, c, kind.bits);
             if (kind.bits == 16)
                 row[size_t(at / 8 + 1)] = char(value);
-            row[size_t(at / 8)] |= char(kind.bits == 16 ? value >> 8
-                                                        : value << (8 - kind.bits - at % 8));
+            row[size_t(at / 8)] |=
+                char(kind.bits == 16 ? value >> 8 : value << (8 - kind.bits - at % 8));
         }
     }
     return row;
@@ -65,7 +65,8 @@ std::string packedRow(const PngKind &kind, int channels, int y)
 
 void append(png_structp png, png_bytep bytes, size_t length)
 {
-    static_cast<std::string *>(png_get_io_ptr(png))->append(reinterpret_cast<char *>(bytes), length);
+    static_cast<std::string *>(png_get_io_ptr(png))
+        ->append(reinterpret_cast<char *>(bytes), length);
 }
 
 } // namespace

@@ -17,7 +17,10 @@
 namespace
 {
 
-ZrImage decoded(const std::string &file) { return ZrImage(file.data(), int(file.size())); }
+ZrImage decoded(const std::string &file)
+{
+    return ZrImage(file.data(), int(file.size()));
+}
 
 uint32_t pixelAt(const ZrImage &image, int x, int y)
 {
@@ -54,9 +57,8 @@ TEST(Image, PngOfEveryKind)
                 const ZrImage image = decoded(picture.file);
                 ASSERT_EQ(image.width(), picture.width);
                 ASSERT_EQ(image.height(), picture.height);
-                EXPECT_EQ(std::memcmp(image.bits(), picture.pixels.data(),
-                                      picture.pixels.size() * 4),
-                          0);
+                EXPECT_EQ(
+                    std::memcmp(image.bits(), picture.pixels.data(), picture.pixels.size() * 4), 0);
                 EXPECT_EQ(image.canvas()->isOpaque(),
                           std::all_of(picture.pixels.begin(), picture.pixels.end(),
                                       [](uint32_t p) { return p >> 24 == 255; }));
@@ -191,9 +193,9 @@ TEST(Image, MessagesOfFilesThatCannotBeOpened)
     const std::string printed = testing::internal::GetCapturedStdout();
     const std::string missing =
         "ZrImage(): file(/no/such.png) open failed, No such file or directory !!!\n";
-    EXPECT_EQ(printed.rfind(missing + missing + "ZrImage(): buffer((nil), length=12) open failed, ",
-                            0),
-              0u)
+    EXPECT_EQ(
+        printed.rfind(missing + missing + "ZrImage(): buffer((nil), length=12) open failed, ", 0),
+        0u)
         << printed;
     EXPECT_TRUE(ZrImage("PNG", 3).isNull()) << "too short to tell";
     EXPECT_TRUE(ZrImage("GIF89a..", 8).isNull());

@@ -29,6 +29,11 @@ if(ZR_SANITIZE)
   add_link_options(-fsanitize=${ZR_SANITIZE})
 endif()
 
+if(ZR_FUZZ)
+  # The search follows what the rooms do with the bytes, not only what the target does.
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 find_program(ZR_MOLD mold)
 if(ZR_MOLD)
   add_link_options(-fuse-ld=mold)

@@ -37,7 +37,7 @@ ARGUMENTS_ARE_WORDS, HAVE_INSTRUCTIONS = 0x01, 0x100
 
 def cut_face(name, ranges, taken):
     """One face with only the characters that are its own, rescaled, without hints."""
-    font = TTFont(FONTS / "noto" / name)
+    font = TTFont(FONTS / "noto" / name, recalcTimestamp=False)
     wanted = {c for c in font.getBestCmap() if any(a <= c <= b for a, b in ranges)} - taken
     taken |= wanted
     options = SubsetOptions()
@@ -61,6 +61,9 @@ def merge_faces():
     faces = [cut_face(name, ranges, taken) for name, ranges in FACES]
     merged = Merger(options=MergeOptions(drop_tables=["DSIG", "gasp"])).merge(faces)
     metrics = TTFont(faces[0])
+    # Equal sources give equal files.
+    merged.recalcTimestamp = False
+    merged["head"].created = merged["head"].modified = metrics["head"].modified
     for field in ("ascent", "descent", "lineGap"):
         setattr(merged["hhea"], field, getattr(metrics["hhea"], field))
     data = io.BytesIO()
@@ -149,9 +152,49 @@ def character_map(glyph_of):
     return head + struct.pack(">HHLLL", 12, 0, 16 + len(body), 0, len(groups)) + body
 
 
-def horizontal_metrics(font):
-    table = font["hmtx"].metrics
-    return [table[name] for name in font.getGlyphOrder()]
+def horizontal_metrics(font, glyphs):
+    table, names = font["hmtx"].metrics, font.getGlyphOrder()
+    return [table[names[glyph]] for glyph in glyphs]
+
+
+def outline_tables(glyphs):
+    padded = [glyph + b"\0" * (-len(glyph) % 4) for glyph in glyphs]
+    offsets = [0]
+    for glyph in padded:
+        offsets.append(offsets[-1] + len(glyph))
+    return {"glyf": b"".join(padded), "loca": struct.pack(f">{len(offsets)}L", *offsets)}
+
+
+def metric_tables(base, metrics):
+    lines = bytearray(base.reader["hhea"])
+    struct.pack_into(">H", lines, 34, len(metrics))
+    return {"hhea": bytes(lines), "hmtx": b"".join(struct.pack(">Hh", *metric) for metric in metrics)}
+
+
+def limit_tables(base, more, glyph_count):
+    """The tables that bound all glyphs: their box, and how complicated they get."""
+    def both(table, field, choose):
+        return choose(getattr(base[table], field), getattr(more[table], field))
+
+    head = bytearray(base.reader["head"])
+    box = (both("head", f, c) for f, c in (("xMin", min), ("yMin", min), ("xMax", max), ("yMax", max)))
+    struct.pack_into(">hhhh", head, 36, *box)
+    struct.pack_into(">h", head, 50, 1)  # long offsets
+    maximum = bytearray(base.reader["maxp"])
+    points = ("maxPoints", "maxContours", "maxCompositePoints", "maxCompositeContours")
+    struct.pack_into(">HHHHH", maximum, 4, glyph_count, *(both("maxp", f, max) for f in points))
+    depth = ("maxComponentElements", "maxComponentDepth")
+    struct.pack_into(">HH", maximum, 28, *(both("maxp", f, max) for f in depth))
+    return {"head": bytes(head), "maxp": bytes(maximum)}
+
+
+def write_font(output, tables):
+    output.parent.mkdir(parents=True, exist_ok=True)
+    with open(output, "wb") as file:
+        writer = SFNTWriter(file, len(tables))
+        for tag in sorted(tables):
+            writer[tag] = tables[tag]
+        writer.close()
 
 
 def main():
@@ -162,7 +205,8 @@ def main():
     count = base["maxp"].numGlyphs
 
     more = TTFont(EAST_ASIAN, fontNumber=0, lazy=True)
-    assert more["head"].unitsPerEm == UNITS_PER_EM
+    if more["head"].unitsPerEm != UNITS_PER_EM:
+        sys.exit(f"{EAST_ASIAN} has {more['head'].unitsPerEm} units, not {UNITS_PER_EM}")
     outlines = RawGlyphs(more)
     codes, order = choose_east_asian(more, outlines, set(glyph_of))
     new_number = {old: count + i for i, old in enumerate(order)}
@@ -172,41 +216,13 @@ def main():
     for old in order:
         glyph = without_hints(outlines[old])
         glyphs.append(renumbered(glyph, new_number) if is_composite(glyph) else glyph)
-    padded = [g + b"\0" * (-len(g) % 4) for g in glyphs]
-    offsets = [0]
-    for glyph in padded:
-        offsets.append(offsets[-1] + len(glyph))
-
-    all_metrics = horizontal_metrics(more)
-    metrics = horizontal_metrics(base) + [all_metrics[old] for old in order]
-
-    for name in ("maxPoints", "maxContours", "maxCompositePoints", "maxCompositeContours",
-                 "maxComponentElements", "maxComponentDepth"):
-        setattr(base["maxp"], name, max(getattr(base["maxp"], name), getattr(more["maxp"], name)))
-    for name, choose in (("xMin", min), ("yMin", min), ("xMax", max), ("yMax", max)):
-        setattr(base["head"], name, choose(getattr(base["head"], name), getattr(more["head"], name)))
     tables = {tag: base.reader[tag] for tag in ("OS/2", "name", "post", "GDEF", "GPOS", "GSUB")}
-    head = bytearray(base.reader["head"])
-    struct.pack_into(">hhhh", head, 36, *(getattr(base["head"], f) for f in ("xMin", "yMin", "xMax", "yMax")))
-    struct.pack_into(">h", head, 50, 1)  # long offsets
-    maximum = bytearray(base.reader["maxp"])
-    fields = ("maxPoints", "maxContours", "maxCompositePoints", "maxCompositeContours")
-    struct.pack_into(">HHHHH", maximum, 4, len(glyphs), *(getattr(base["maxp"], f) for f in fields))
-    struct.pack_into(">HH", maximum, 28, base["maxp"].maxComponentElements, base["maxp"].maxComponentDepth)
-    lines = bytearray(base.reader["hhea"])
-    struct.pack_into(">H", lines, 34, len(metrics))
-    tables.update({
-        "head": bytes(head), "maxp": bytes(maximum), "hhea": bytes(lines),
-        "hmtx": b"".join(struct.pack(">Hh", *metric) for metric in metrics),
-        "cmap": character_map(glyph_of), "glyf": b"".join(padded),
-        "loca": struct.pack(f">{len(offsets)}L", *offsets),
-    })
-    output.parent.mkdir(parents=True, exist_ok=True)
-    with open(output, "wb") as file:
-        writer = SFNTWriter(file, len(tables))
-        for tag in sorted(tables):
-            writer[tag] = tables[tag]
-        writer.close()
+    tables.update(outline_tables(glyphs))
+    tables.update(metric_tables(base, horizontal_metrics(base, range(count)) +
+                                horizontal_metrics(more, order)))
+    tables.update(limit_tables(base, more, len(glyphs)))
+    tables["cmap"] = character_map(glyph_of)
+    write_font(output, tables)
     print(f"{output.name}: {len(glyphs)} glyphs for {len(glyph_of)} characters")
 
 

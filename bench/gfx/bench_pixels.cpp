@@ -120,7 +120,9 @@ pixman_image_t *pixmanPicture(std::vector<uint32_t> &pixels, int width, int heig
 
 pixman_image_t *pixmanColour(int alpha)
 {
-    auto component = [alpha](uint32_t value) { return uint16_t(value * 257 * unsigned(alpha) / 255); };
+    auto component = [alpha](uint32_t value) {
+        return uint16_t(value * 257 * unsigned(alpha) / 255);
+    };
     const pixman_color_t colour = {component(kColour >> 16 & 255), component(kColour >> 8 & 255),
                                    component(kColour & 255), uint16_t(alpha * 257)};
     return pixman_image_create_solid_fill(&colour);

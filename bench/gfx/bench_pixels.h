@@ -20,7 +20,10 @@ constexpr uint16_t kColourWord = 0x8000 | 20 << 10 | 9 << 5 | 27;
 // Two screens of opaque noise: one is drawn on, the other stands for the framebuffer.
 uint16_t *screenPixels();
 uint16_t *frontPixels();
-inline uint16_t *pixelAt(int x, int y) { return screenPixels() + y * kScreenWidth + x; }
+inline uint16_t *pixelAt(int x, int y)
+{
+    return screenPixels() + y * kScreenWidth + x;
+}
 
 // A canvas over screenPixels() with the state's clip as large as the screen.
 struct BenchCanvas {

@@ -59,14 +59,18 @@ private:
 class Screen
 {
 public:
-    Screen() : path_("/dev/shm/zr_bench_" + std::to_string(getpid()) + ".fb"), application_(0, nullptr)
+    Screen()
+        : path_("/dev/shm/zr_bench_" + std::to_string(getpid()) + ".fb"), application_(0, nullptr)
     {
         using namespace VirtualFramebuffer;
         std::string file(kHeaderSize, '\0');
         std::memcpy(&file[0], kMagic, 4);
-        const uint32_t fields[] = {kVersion,         kScreenWidth,
-                                   kScreenHeight,    kScreenWidth * 2,
-                                   kScreenWidth * kScreenHeight * 2, kHeaderSize};
+        const uint32_t fields[] = {kVersion,
+                                   kScreenWidth,
+                                   kScreenHeight,
+                                   kScreenWidth * 2,
+                                   kScreenWidth * kScreenHeight * 2,
+                                   kHeaderSize};
         std::memcpy(&file[kOffsetVersion], fields, sizeof fields);
         file.append(size_t(kScreenWidth) * kScreenHeight * 2, '\0');
         std::ofstream(path_, std::ios::binary) << file;
@@ -122,7 +126,8 @@ void fillRows(const ZrRect &rect)
 {
     uint16_t *to = ZrFbCanvas::backCanvas()->data();
     for (int y = rect.top(); y <= rect.bottom(); ++y)
-        std::memset(to + size_t(y) * kScreenWidth + size_t(rect.left()), 1, size_t(rect.width()) * 2);
+        std::memset(to + size_t(y) * kScreenWidth + size_t(rect.left()), 1,
+                    size_t(rect.width()) * 2);
 }
 
 void memcpyRows(benchmark::State &state, ZrRect rect)

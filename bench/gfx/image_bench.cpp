@@ -27,8 +27,8 @@ void pixmanCopy(benchmark::State &state, Alpha kind)
     const PixmanImage from(
         pixmanPicture(pixels, kIcon, kIcon, opaque ? PIXMAN_x8b8g8r8 : PIXMAN_a8b8g8r8));
     for (auto _ : state)
-        pixman_image_composite32(opaque ? PIXMAN_OP_SRC : PIXMAN_OP_OVER, from, nullptr, to, 0, 0, 0,
-                                 0, kX, kY, kIcon, kIcon);
+        pixman_image_composite32(opaque ? PIXMAN_OP_SRC : PIXMAN_OP_OVER, from, nullptr, to, 0, 0,
+                                 0, 0, kX, kY, kIcon, kIcon);
 }
 BENCHMARK_CAPTURE(pixmanCopy, mixed, Alpha::Mixed);
 BENCHMARK_CAPTURE(pixmanCopy, noise, Alpha::Noise);
@@ -60,8 +60,7 @@ void pixmanScale(benchmark::State &state, Scale s)
     const PixmanImage to(pixmanScreen());
     const PixmanImage from(pixmanPicture(pixels, s.fromWidth, s.fromHeight, PIXMAN_a8b8g8r8));
     pixman_transform_t transform;
-    pixman_transform_init_scale(&transform,
-                                pixman_double_to_fixed(double(s.fromWidth) / s.toWidth),
+    pixman_transform_init_scale(&transform, pixman_double_to_fixed(double(s.fromWidth) / s.toWidth),
                                 pixman_double_to_fixed(double(s.fromHeight) / s.toHeight));
     pixman_image_set_transform(from, &transform);
     pixman_image_set_filter(from, PIXMAN_FILTER_BILINEAR, nullptr, 0);
@@ -96,9 +95,10 @@ void pixmanGlyphCache(benchmark::State &state)
     for (long i = 0; i < 26; ++i) {
         const PixmanImage glyph(pixman_image_create_bits(
             PIXMAN_a8, 12, 16,
-            reinterpret_cast<uint32_t *>(const_cast<uint8_t *>(BenchGlyphs::coverage(int(i)))), 16));
-        kept[i] = pixman_glyph_cache_insert(cache, &font, reinterpret_cast<void *>(i + 1), 0, 0,
-                                            glyph);
+            reinterpret_cast<uint32_t *>(const_cast<uint8_t *>(BenchGlyphs::coverage(int(i)))),
+            16));
+        kept[i] =
+            pixman_glyph_cache_insert(cache, &font, reinterpret_cast<void *>(i + 1), 0, 0, glyph);
     }
     pixman_glyph_t line[kGlyphs];
     for (int i = 0; i < kGlyphs; ++i)

@@ -72,6 +72,48 @@ void paintCoverage(const PixelBuffer<uint32_t> &to, int x, int y, const Coverage
 } // namespace
 
 template <class Format>
+void CanvasOps<Format>::arc(int x, int y, int w, int h, int startAngle, int spanAngle) const
+{
+    const uint32_t pen = state_.penColor;
+    if (raster_.isEmpty() || (alphaOf(pen) == 0 && !state_.antialias))
+        return;
+    const ArcPath &path = arcPath({w, h, startAngle, spanAngle, state_.penWidth, state_.antialias});
+    if (path.pixels.empty())
+        return arcLines(x, y, path);
+    const ClipBox bounds{x + path.left, y + path.top, x + path.right, y + path.bottom};
+    const bool isOpen = raster_.clip().contains(bounds);
+    const Word ink = Format::opaque(pen);
+    if (isOpen && !state_.antialias && alphaOf(pen) == 255) {
+        Word *corner = raster_.at(x, y);
+        for (int32_t offset : path.offsets(buffer_.stride))
+            corner[offset] = ink;
+        return;
+    }
+    for (const ArcPixel &pixel : path.pixels) {
+        const int px = x + pixel.x, py = y + pixel.y;
+        const int alpha = state_.antialias ? pixel.coverage : alphaOf(pen);
+        if (alpha != 0 && (isOpen || raster_.clip().contains(px, py)))
+            Raster<Format>::put(*raster_.at(px, py), ink, alpha);
+    }
+}
+
+template <class Format>
+void CanvasOps<Format>::arcLines(int x, int y, const ArcPath &path) const
+{
+    const LineRaster<Format> line = lines();
+    const float left = float(x), top = float(y);
+    for (size_t i = 1; i < path.points.size(); ++i) {
+        const ZrPointF from = path.points[i - 1], to = path.points[i];
+        if (state_.antialias)
+            line.smoothLine(left + from.x(), top + from.y(), left + to.x(), top + to.y(),
+                            state_.penColor);
+        else
+            line.line(left + from.x(), top + from.y(), left + to.x(), top + to.y(),
+                      state_.penColor);
+    }
+}
+
+template <class Format>
 void CanvasOps<Format>::glyphs(int x, const GlyphLine &line) const
 {
     if (raster_.isEmpty())

@@ -1,6 +1,7 @@
 // What both canvases do alike, for the pixels of one format and the state of one call.
 #pragma once
 
+#include "gfx/arcpath.h"
 #include "gfx/glyphline.h"
 #include "gfx/imagescaler.h"
 #include "gfx/rastershape.h"
@@ -48,10 +49,12 @@ public:
     LineRaster<Format> lines() const { return LineRaster<Format>(raster_); }
     ShapeRaster<Format> shapes() const { return ShapeRaster<Format>(raster_); }
 
+    void arc(int x, int y, int w, int h, int startAngle, int spanAngle) const;
     void glyphs(int x, const GlyphLine &line) const;
     void image(const ImageCall &call) const;
 
 private:
+    void arcLines(int x, int y, const ArcPath &path) const;
     void glyph(const GlyphLine::Place &place, Word ink) const;
 
     PixelBuffer<Word> buffer_;

@@ -66,7 +66,8 @@ struct PixelKernels {
     void (*coverage32)(uint32_t *to, ptrdiff_t stride, const CoverageBlock &block, uint32_t word);
 
     // The two halves of bilinear scaling. lower is 0 to 255, the weight of the lower row in 256.
-    void (*stretch)(StretchedRow to, const uint32_t *from, const StretchColumns &columns, int count);
+    void (*stretch)(StretchedRow to, const uint32_t *from, const StretchColumns &columns,
+                    int count);
     void (*scaled16)(uint16_t *to, StretchedRow upper, StretchedRow bottom, int lower, int count);
     void (*scaledOpaque16)(uint16_t *to, StretchedRow upper, StretchedRow bottom, int lower,
                            int count);

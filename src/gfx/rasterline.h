@@ -7,6 +7,9 @@
 #include <cmath>
 #include <cstdlib>
 
+// What a plain line adds to its end points, in 64ths of a pixel.
+constexpr int32_t kHalf = 31;
+
 // One end point in 64ths of a pixel. What is far off any screen is brought to where the arithmetic
 // still holds; what is not a number counts as far off.
 inline int32_t toFixed(float coordinate)
@@ -17,6 +20,17 @@ inline int32_t toFixed(float coordinate)
     return int32_t(std::min(coordinate, kFar) * 64);
 }
 
+// Both end points as the two kinds of line take them.
+struct LineEnds {
+    int32_t x1, y1, x2, y2;
+
+    LineEnds(float fx1, float fy1, float fx2, float fy2)
+        : x1(toFixed(fx1)), y1(toFixed(fy1)), x2(toFixed(fx2)), y2(toFixed(fy2))
+    {
+    }
+    bool isPoint() const { return x1 == x2 && y1 == y2; }
+};
+
 // The walk of one line, on axes named by their role. Ends are in walking order.
 struct LineWalk {
     bool alongX;
@@ -24,6 +38,7 @@ struct LineWalk {
     int32_t minorStart; // on the other, 26.6
     int64_t step;       // of the other axis for one pixel of the driving one, 16.16
 
+    LineWalk(const LineEnds &ends) : LineWalk(ends.x1, ends.y1, ends.x2, ends.y2) {}
     LineWalk(int32_t x1, int32_t y1, int32_t x2, int32_t y2)
         : alongX(std::abs(x2 - x1) >= std::abs(y2 - y1)),
           start(alongX ? x1 : y1),
@@ -82,6 +97,55 @@ struct WalkSteps {
     }
 };
 
+// The steps of a line that is not antialiased: end points are moved by half a pixel, and the end
+// pixel is left out.
+inline WalkSteps plainSteps(const LineWalk &walk)
+{
+    const int32_t start = walk.start + kHalf, end = walk.end + kHalf;
+    const int64_t lead = ((start + 32) & ~63) - start + 32;
+    return {(start + 32) >> 6, ((end + 32) >> 6) - 1,
+            int64_t(walk.minorStart + kHalf) * 1024 + (lead * walk.step >> 6)};
+}
+
+inline WalkSteps smoothSteps(const LineWalk &walk)
+{
+    const int64_t lead = (walk.start & 63) - 32;
+    return {walk.start >> 6, walk.end >> 6,
+            (int64_t(walk.minorStart) - 32) * 1024 - (lead * walk.step >> 6)};
+}
+
+// Visits the pixels of a line of one pixel's width, in order and without a clip, with the coverage
+// of each.
+template <class Visit>
+void eachPixel(const LineEnds &ends, Visit visit)
+{
+    if (ends.isPoint())
+        return;
+    const LineWalk walk(ends);
+    const WalkSteps steps = plainSteps(walk);
+    int64_t minor = steps.minor;
+    for (int at = steps.first; at <= steps.last; ++at, minor += walk.step) {
+        const int across = int(minor >> 16);
+        visit(walk.alongX ? at : across, walk.alongX ? across : at, 255);
+    }
+}
+
+template <class Visit>
+void eachSmoothPixel(const LineEnds &ends, Visit visit)
+{
+    const LineWalk walk(ends);
+    const WalkSteps steps = smoothSteps(walk);
+    int64_t minor = steps.minor;
+    for (int at = steps.first; at <= steps.last; ++at, minor += walk.step) {
+        const int second = int(minor >> 8 & 255);
+        for (int side = 0; side < 2; ++side) {
+            const int across = int(minor >> 16) + side;
+            visit(walk.alongX ? at : across, walk.alongX ? across : at,
+                  side ? second : 255 - second);
+        }
+    }
+}
+
 template <class Format>
 class LineRaster
 {
@@ -95,14 +159,11 @@ public:
     {
         if (raster_.isEmpty() || alphaOf(argb) == 0)
             return;
-        const int32_t fx1 = toFixed(x1) + 31, fy1 = toFixed(y1) + 31;
-        const int32_t fx2 = toFixed(x2) + 31, fy2 = toFixed(y2) + 31;
-        if (fx1 == fx2 && fy1 == fy2)
+        const LineEnds ends(x1, y1, x2, y2);
+        if (ends.isPoint())
             return;
-        const LineWalk walk(fx1, fy1, fx2, fy2);
-        const int64_t lead = ((walk.start + 32) & ~63) - walk.start + 32;
-        WalkSteps steps{(walk.start + 32) >> 6, ((walk.end + 32) >> 6) - 1,
-                        int64_t(walk.minorStart) * 1024 + (lead * walk.step >> 6)};
+        const LineWalk walk(ends);
+        WalkSteps steps = plainSteps(walk);
         cut(steps, walk, raster_.isHairline() ? 0 : raster_.penWidth());
         if (steps.first > steps.last)
             return;
@@ -122,7 +183,7 @@ public:
     {
         if (raster_.isEmpty())
             return;
-        const LineWalk walk(toFixed(x1), toFixed(y1), toFixed(x2), toFixed(y2));
+        const LineWalk walk(LineEnds(x1, y1, x2, y2));
         WalkSteps steps = smoothSteps(walk);
         cut(steps, walk, raster_.penWidth() + 1);
         for (int at = steps.first; at <= steps.last; ++at, steps.minor += walk.step)
@@ -135,7 +196,7 @@ public:
     {
         if (raster_.isEmpty())
             return;
-        const LineWalk walk(toFixed(x1), toFixed(y1), toFixed(x2), toFixed(y2));
+        const LineWalk walk(LineEnds(x1, y1, x2, y2));
         int alphaStart = 64 - (walk.start & 63);
         int alphaEnd = walk.end & 63;
         const WalkSteps steps = smoothSteps(walk);
@@ -159,13 +220,6 @@ public:
 
 private:
     static constexpr int kFullWeight = 64;
-
-    static WalkSteps smoothSteps(const LineWalk &walk)
-    {
-        const int64_t lead = (walk.start & 63) - 32;
-        return {walk.start >> 6, walk.end >> 6,
-                (int64_t(walk.minorStart) - 32) * 1024 - (lead * walk.step >> 6)};
-    }
 
     void cut(WalkSteps &steps, const LineWalk &walk, int margin) const
     {

@@ -55,25 +55,21 @@ public:
         }
     }
 
-    // Rows of a filled ellipse of radii rx - 1 and ry - 1, from the middle outwards. Each is drawn
-    // as a line in the pen's width.
+    // Rows of a filled ellipse of radii rx - 1 and ry - 1, from the middle outwards: all pixels
+    // whose centres lie within half a pixel more than the radii, which is as far as the outline
+    // goes. Each row is drawn as a line in the pen's width.
     void disc(int cx, int cy, int rx, int ry, uint32_t argb) const
     {
         if (raster_.isEmpty() || alphaOf(argb) == 0 || !isDrawable(rx, ry))
             return;
-        const int64_t a2 = square(rx - 1), b2 = square(ry - 1);
-        int64_t dx = rx - 1;
-        // Both sides of x * x * b2 + y * y * a2 <= a2 * b2, kept as their difference.
-        int64_t excess = 0;
-        for (int64_t dy = 0; dy < ry; ++dy) {
-            while (excess > 0 && dx > 0) {
-                excess -= b2 * (2 * dx - 1);
+        const RoundEdge edge(rx - 1, ry - 1);
+        int dx = rx - 1;
+        for (int dy = 0; dy < ry; ++dy) {
+            while (dx > 0 && !edge.contains(dx, dy))
                 --dx;
-            }
-            discRow(cx - int(dx), cx + int(dx), cy + int(dy), argb);
+            discRow(cx - dx, cx + dx, cy + dy, argb);
             if (dy > 0)
-                discRow(cx - int(dx), cx + int(dx), cy - int(dy), argb);
-            excess += a2 * (2 * dy + 1);
+                discRow(cx - dx, cx + dx, cy - dy, argb);
         }
     }
 
@@ -103,6 +99,16 @@ private:
     // Decision values of the largest ellipse stay within 64 bits.
     static constexpr int kLargest = 16384;
 
+    // The ellipse inscribed in a box of 2 a + 1 by 2 b + 1 pixels, in doubled coordinates.
+    struct RoundEdge {
+        int64_t acrossSquare, downSquare;
+        RoundEdge(int a, int b) : acrossSquare(square(2 * a + 1)), downSquare(square(2 * b + 1)) {}
+        bool contains(int x, int y) const
+        {
+            return square(2 * x) * downSquare + square(2 * y) * acrossSquare <=
+                   acrossSquare * downSquare;
+        }
+    };
     struct Quadrant {
         int cx, cy, rx, ry;
         int number; // counter-clockwise from the upper right
@@ -185,12 +191,12 @@ private:
     {
         const bool turned = quadrant.number % 2 == 1;
         const int a = turned ? quadrant.ry : quadrant.rx, b = turned ? quadrant.rx : quadrant.ry;
-        const int64_t a2 = square(a), b2 = square(b);
+        const RoundEdge edge(a, b);
         const RayEnd from(a, b, slice.from), to(a, b, slice.to);
         const int lastColumn = slice.from > 0 ? from.x : a;
         int top = b;
         for (int x = 0; x <= lastColumn; ++x) {
-            while (top > 0 && square(x) * b2 + square(top) * a2 > a2 * b2)
+            while (top > 0 && !edge.contains(x, top))
                 --top;
             if (x == 0 && slice.to == 90 && !slice.ownsLastAxis)
                 continue;

@@ -119,39 +119,3 @@ ZrPointF ZrAbstractCanvas::qt_curves_for_arc(const ArcBox &box, qreal startAngle
     assert(*point_count > 0);
     return start;
 }
-
-void ZrAbstractCanvas::strokeArc(int x, int y, int w, int h, int startAngle, int spanAngle)
-{
-    constexpr int kDepth = 6;
-    const int width = state_->penWidth;
-    const int inset = (width + 1) / 2 + (state_->antialias ? 1 : 0);
-    const ArcBox box{qreal(x + inset), qreal(y + inset), qreal(w - 2 * width),
-                     qreal(h - 2 * width)};
-    ZrPointF curves[12];
-    int count = 0;
-    ZrPointF start = qt_curves_for_arc(box, qreal(startAngle), qreal(spanAngle), curves, &count);
-    for (int i = 0; i + 2 < count; i += 3) {
-        strokeCurve({start, curves[i], curves[i + 1], curves[i + 2]}, kDepth);
-        start = curves[i + 2];
-    }
-}
-
-void ZrAbstractCanvas::strokeCurve(const ZrPointF (&p)[4], int depth)
-{
-    const qreal dx = p[3].x() - p[0].x(), dy = p[3].y() - p[0].y();
-    const qreal limit = (std::fabs(dx) + std::fabs(dy)) * 0.25f;
-    auto isClose = [&](ZrPointF c) {
-        return std::fabs(dx * (p[0].y() - c.y()) - dy * (p[0].x() - c.x())) < limit;
-    };
-    if (depth == 0 || (isClose(p[1]) && isClose(p[2]))) {
-        if (state_->antialias)
-            drawSmoothLine(p[0].x(), p[0].y(), p[3].x(), p[3].y(), state_->penColor);
-        else
-            drawLine(p[0].x(), p[0].y(), p[3].x(), p[3].y(), state_->penColor);
-        return;
-    }
-    const ZrPointF a = (p[0] + p[1]) * 0.5f, b = (p[1] + p[2]) * 0.5f, c = (p[2] + p[3]) * 0.5f;
-    const ZrPointF ab = (a + b) * 0.5f, bc = (b + c) * 0.5f, middle = (ab + bc) * 0.5f;
-    strokeCurve({p[0], a, ab, middle}, depth - 1);
-    strokeCurve({middle, bc, c, p[3]}, depth - 1);
-}

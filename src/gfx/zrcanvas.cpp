@@ -112,7 +112,8 @@ void ZrCanvas::drawEllipse(int cx, int cy, int rx, int ry)
 
 void ZrCanvas::drawArc(int x, int y, int w, int h, int startAngle, int spanAngle)
 {
-    strokeArc(x, y, w, h, startAngle, spanAngle);
+    contentsChanged();
+    Ops(bufferOf(*this), *state_).arc(x, y, w, h, startAngle, spanAngle);
 }
 
 void ZrCanvas::drawText(int x, int y, const ZrString &text)

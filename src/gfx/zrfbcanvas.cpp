@@ -111,7 +111,7 @@ void ZrFbCanvas::drawEllipse(int cx, int cy, int rx, int ry)
 
 void ZrFbCanvas::drawArc(int x, int y, int w, int h, int startAngle, int spanAngle)
 {
-    strokeArc(x, y, w, h, startAngle, spanAngle);
+    Ops(screenBuffer(data_), *state_).arc(x, y, w, h, startAngle, spanAngle);
 }
 
 void ZrFbCanvas::drawText(int x, int y, const ZrString &text)

@@ -383,7 +383,8 @@ void ZrScreen::present(const ZrRect &rect)
     setGuard(ZrRect());
 }
 
-// The holes in the dirty region that no higher surface covers, hidden and translucent ones included.
+// The holes in the dirty region that no higher surface covers, hidden and translucent ones
+// included.
 ZrRegion ZrScreen::visibleHoles() const
 {
     ZrRegion holes;

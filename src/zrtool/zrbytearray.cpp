@@ -18,7 +18,7 @@ Data *checked(void *memory)
 
 } // namespace
 
-ZrByteArray::Data ZrByteArray::sharedNull = {1, 0, 0, sharedNull.array, {0}};
+ZrByteArray::Data ZrByteArray::sharedNull = {ZrAtomicInt::permanent, 0, 0, sharedNull.array, {0}};
 
 ZrByteArray::Data *ZrByteArray::allocate(int alloc)
 {

@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-ZrHashData ZrHashData::sharedNull = {nullptr, 1, 0, 0, 0};
+ZrHashData ZrHashData::sharedNull = {nullptr, ZrAtomicInt::permanent, 0, 0, 0};
 
 namespace
 {

@@ -3,7 +3,8 @@
 #include <cstdlib>
 #include <cstring>
 
-ZrListData::Data ZrListData::sharedNull = {1, 0, 0, 0, ZrListData::Sharable, {nullptr}};
+ZrListData::Data ZrListData::sharedNull = {ZrAtomicInt::permanent, 0,        0, 0,
+                                           ZrListData::Sharable,   {nullptr}};
 
 namespace
 {
@@ -42,7 +43,7 @@ void ZrListData::freeBody(Data *body)
 ZrListData::Data *ZrListData::detach(int alloc)
 {
     Data *old = d;
-    d = allocate(std::max(alloc, old->end - old->begin));
+    d = allocate(std::max(alloc, int(old->end - old->begin)));
     d->end = old->end - old->begin;
     return old;
 }
@@ -50,7 +51,7 @@ ZrListData::Data *ZrListData::detach(int alloc)
 ZrListData::Data *ZrListData::detach_grow(int *index, int count)
 {
     Data *old = d;
-    const int size = old->end - old->begin;
+    const int size = int(old->end - old->begin);
     *index = std::clamp(*index, 0, size);
     d = allocate(grown(size + count));
     // What is inserted at the front is likely to be followed by more there.
@@ -61,7 +62,7 @@ ZrListData::Data *ZrListData::detach_grow(int *index, int count)
 
 void ZrListData::realloc(int alloc)
 {
-    alloc = std::max(alloc, d->end);
+    alloc = std::max(alloc, int(d->end));
     auto *body = static_cast<Data *>(
         std::realloc(static_cast<void *>(d),
                      std::max(headerSize + std::size_t(alloc) * sizeof(void *), sizeof(Data))));
@@ -82,7 +83,7 @@ void ZrListData::makeRoomBehind(int count)
         d->end = slots;
         return;
     }
-    realloc(grown(d->end + count));
+    realloc(grown(int(d->end) + count));
 }
 
 void ZrListData::makeRoomBefore()

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-ZrMapData::Data ZrMapData::sharedNull = {{}, 1, 0, 0, ZrMapData::Sharable, 0};
+ZrMapData::Data ZrMapData::sharedNull = {{}, ZrAtomicInt::permanent, 0, 0, ZrMapData::Sharable, 0};
 
 namespace
 {

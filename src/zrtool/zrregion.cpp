@@ -9,7 +9,7 @@
 // Rectangles are plain data here: bodies and buffers are moved as bytes.
 static_assert(sizeof(ZrRect) == 4 * sizeof(int), "a rectangle is its four edges");
 
-ZrRegion::Data ZrRegion::sharedNull = {1, 0, 0, ZrRect(), {ZrRect()}};
+ZrRegion::Data ZrRegion::sharedNull = {ZrAtomicInt::permanent, 0, 0, ZrRect(), {ZrRect()}};
 
 namespace
 {
@@ -39,16 +39,16 @@ const ZrRect *firstBelow(const ZrRect *begin, const ZrRect *end, int y)
 
 } // namespace
 
-// Collects canonical bands. Starts on the stack and moves to the heap when that is full.
+// Collects canonical bands. Starts on the stack and moves to a body when that is full.
 class ZrRegion::Builder
 {
 public:
     explicit Builder(int expected)
     {
         if (expected > onStack)
-            moveToHeap(expected);
+            moveToBody(expected);
     }
-    ~Builder() { std::free(heap_); }
+    ~Builder() { std::free(static_cast<void *>(body_)); }
     Builder(const Builder &) = delete;
     Builder &operator=(const Builder &) = delete;
 
@@ -56,7 +56,7 @@ public:
     void reserve(int more)
     {
         if (size_ + more > room_)
-            moveToHeap((size_ + more) * 2);
+            moveToBody((size_ + more) * 2);
     }
     void put(int left, int right) { rects_[size_++] = ZrRect::fromEdges(left, 0, right, 0); }
     // Without a branch that could be predicted wrongly.
@@ -93,6 +93,19 @@ public:
     }
     int size() const { return size_; }
     const ZrRect *rects() const { return rects_; }
+    // The rectangles as a region. The builder is not used any more.
+    ZrRegion finish()
+    {
+        ZrRegion result;
+        if (size_ == 0)
+            return result;
+        if (!body_)
+            moveToBody(size_);
+        body_->size = size_;
+        result.d = std::exchange(body_, nullptr);
+        result.findBounds();
+        return result;
+    }
 
 private:
     static constexpr int onStack = 96;
@@ -105,23 +118,20 @@ private:
                 return false;
         return true;
     }
-    void moveToHeap(int room)
+    void moveToBody(int room)
     {
-        auto *memory =
-            static_cast<ZrRect *>(std::realloc(heap_, std::size_t(room) * sizeof(ZrRect)));
-        if (!memory)
-            throw std::bad_alloc();
-        if (!heap_)
-            std::memcpy(static_cast<void *>(memory), rects_, std::size_t(size_) * sizeof(ZrRect));
-        rects_ = heap_ = memory;
-        room_ = room;
+        Data *body = allocate(room);
+        std::memcpy(static_cast<void *>(body->rects), rects_, std::size_t(size_) * sizeof(ZrRect));
+        std::free(static_cast<void *>(std::exchange(body_, body)));
+        rects_ = body->rects;
+        room_ = body->alloc;
     }
 
     union Stack {
         Stack() {}
         ZrRect rects[onStack];
     } stack_;
-    ZrRect *heap_ = nullptr;
+    Data *body_ = nullptr;
     ZrRect *rects_ = stack_.rects;
     int room_ = onStack;
     int size_ = 0;
@@ -345,15 +355,7 @@ ZrRegion ZrRegion::combined(const ZrRegion &a, const ZrRegion &b)
 {
     Builder out(a.d->size + b.d->size);
     combine<Operation>(out, a.begin(), a.end(), b.begin(), b.end());
-    ZrRegion result;
-    if (out.size() == 0)
-        return result;
-    result.reserve(out.size());
-    std::memcpy(static_cast<void *>(result.d->rects), out.rects(),
-                std::size_t(out.size()) * sizeof(ZrRect));
-    result.d->size = out.size();
-    result.findBounds();
-    return result;
+    return out.finish();
 }
 
 ZrRegion::ZrRegion(const ZrRect &rect, RegionType) : ZrRegion()
@@ -368,10 +370,13 @@ ZrRegion::ZrRegion(const ZrRect &rect, RegionType) : ZrRegion()
 
 ZrRegion ZrRegion::unitedHalves(const ZrRect *rects, int count)
 {
-    if (count == 0)
-        return ZrRegion();
-    if (count == 1)
-        return ZrRegion(rects[0]);
+    constexpr int few = 8;
+    if (count <= few) {
+        ZrRegion region;
+        for (int i = 0; i < count; i++)
+            region += rects[i];
+        return region;
+    }
     const int half = count / 2;
     ZrRegion region = unitedHalves(rects, half);
     region += unitedHalves(rects + half, count - half);

@@ -1,6 +1,7 @@
 #include <zrstring>
 
 #include "zrtool/letter_case.h"
+#include "zrtool/string_splitter.h"
 #include "zrtool/utf8.h"
 
 #include <zrstringlist>
@@ -13,7 +14,7 @@
 
 using namespace zrtool;
 
-ZrString::Data ZrString::sharedNull = {1, 0, 0, sharedNull.array, {0}};
+ZrString::Data ZrString::sharedNull = {ZrAtomicInt::permanent, 0, 0, 0, sharedNull.array, {0}};
 
 namespace
 {
@@ -32,32 +33,43 @@ bool isSpace(ZrUcs2 unit)
 
 } // namespace
 
+// The units and their terminator begin within the body.
+std::size_t ZrString::bodySize(int alloc)
+{
+    return std::max(sizeof(Data), offsetof(Data, array) + bytesOf(alloc + 1));
+}
+
 ZrString::Data *ZrString::allocate(int alloc)
 {
-    auto *body = static_cast<Data *>(std::malloc(sizeof(Data) + bytesOf(alloc)));
+    auto *body = static_cast<Data *>(std::malloc(bodySize(alloc)));
     if (!body)
         throw std::bad_alloc();
-    new (body) Data{1, alloc, 0, nullptr, {0}};
+    new (body) Data{1, alloc, 0, 0, nullptr, {0}};
     body->data = body->array;
     return body;
 }
 
 void ZrString::freeBody(Data *body)
 {
-    std::free(static_cast<void *>(body));
+    if (body->inSlab) {
+        auto *slab = reinterpret_cast<Slab *>(reinterpret_cast<char *>(body) - body->inSlab);
+        if (!slab->bodies.deref())
+            std::free(static_cast<void *>(slab));
+    } else {
+        std::free(static_cast<void *>(body));
+    }
 }
 
 // Gives the string an unshared body with room for `alloc` units; keeps the text as far as it fits.
 void ZrString::reallocate(int alloc)
 {
-    if (d->ref.isShared()) {
+    if (d->ref.isShared() || d->inSlab) {
         Data *body = allocate(alloc);
         body->size = std::min(d->size, alloc);
         std::memcpy(body->data, d->data, bytesOf(body->size));
         release(std::exchange(d, body));
     } else {
-        auto *body = static_cast<Data *>(
-            std::realloc(static_cast<void *>(d), sizeof(Data) + bytesOf(alloc)));
+        auto *body = static_cast<Data *>(std::realloc(static_cast<void *>(d), bodySize(alloc)));
         if (!body)
             throw std::bad_alloc();
         d = body;
@@ -100,7 +112,6 @@ void ZrString::assignUtf8(const char *utf8, int length)
     }
     if (d->ref.isShared() || d->alloc < length) {
         release(std::exchange(d, &sharedNull));
-        sharedNull.ref.ref();
         reallocate(length);
     }
     d->size = int(utf8ToUtf16(utf8, std::size_t(length), d->data));
@@ -129,14 +140,13 @@ ZrString &ZrString::operator=(const ZrString &other)
 
 ZrString ZrString::fromUtf16(const ZrUcs2 *units, int length)
 {
-    ZrString text;
-    if (units && length > 0) {
-        text.reallocate(length);
-        std::memcpy(text.d->data, units, bytesOf(length));
-        text.d->data[length] = 0;
-        text.d->size = length;
-    }
-    return text;
+    if (!units || length <= 0)
+        return ZrString();
+    Data *body = allocate(length);
+    std::memcpy(body->data, units, bytesOf(length));
+    body->data[length] = 0;
+    body->size = length;
+    return ZrString(Taken{body});
 }
 
 ZrString &ZrString::append(const ZrString &other)

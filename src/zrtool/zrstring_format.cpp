@@ -87,26 +87,38 @@ T unsignedNumber(const ZrString &text, bool *ok, int base, T highest)
     return fits ? T(number.magnitude) : T(0);
 }
 
-ZrString digits(Unsigned magnitude, int base, bool negative)
+// The digits of a number, from the end of a buffer on the stack.
+class Digits
 {
-    if (base < 2 || base > 36)
-        base = 10;
-    ZrUcs2 buffer[mostDigits + 1];
-    ZrUcs2 *const end = buffer + mostDigits + 1, *at = end;
-    // The common base apart: the compiler then divides by multiplying.
-    if (base == 10) {
-        do
-            *--at = ZrUcs2('0' + magnitude % 10);
-        while ((magnitude /= 10) != 0);
-    } else {
-        do
-            *--at = ZrUcs2("0123456789abcdefghijklmnopqrstuvwxyz"[magnitude % Unsigned(base)]);
-        while ((magnitude /= Unsigned(base)) != 0);
+public:
+    Digits(Unsigned magnitude, int base, bool negative)
+    {
+        if (base < 2 || base > 36)
+            base = 10;
+        // The common base apart: the compiler then divides by multiplying.
+        if (base == 10) {
+            do
+                *--begin_ = ZrUcs2('0' + magnitude % 10);
+            while ((magnitude /= 10) != 0);
+        } else {
+            const char *const letters = "0123456789abcdefghijklmnopqrstuvwxyz";
+            do
+                *--begin_ = ZrUcs2(letters[magnitude % Unsigned(base)]);
+            while ((magnitude /= Unsigned(base)) != 0);
+        }
+        if (negative)
+            *--begin_ = '-';
     }
-    if (negative)
-        *--at = '-';
-    return ZrString::fromUtf16(at, int(end - at));
-}
+    Digits(const Digits &) = delete;
+    Digits &operator=(const Digits &) = delete;
+    const ZrUcs2 *begin() const { return begin_; }
+    int size() const { return int(buffer_ + mostDigits + 1 - begin_); }
+    ZrString toString() const { return ZrString::fromUtf16(begin(), size()); }
+
+private:
+    ZrUcs2 buffer_[mostDigits + 1];
+    ZrUcs2 *begin_ = buffer_ + mostDigits + 1;
+};
 
 Unsigned magnitudeOf(long long value)
 {
@@ -139,16 +151,13 @@ Marker findMarker(const ZrString &text, int from)
     return {};
 }
 
-ZrString padding(int width, int size, ZrUcs2 fill)
-{
-    const long long missing = std::abs((long long)width) - size;
-    constexpr int widest = 1 << 20;
-    return ZrString(int(std::clamp<long long>(missing, 0, widest)), fill);
-}
-
 ZrString padded(const ZrString &text, int width, ZrUcs2 fill)
 {
-    const ZrString pad = padding(width, text.size(), fill);
+    constexpr long long widest = 1 << 20;
+    const long long missing = std::min(std::abs((long long)width), widest) - text.size();
+    if (missing <= 0)
+        return text;
+    const ZrString pad(int(missing), fill);
     return width < 0 ? text + pad : pad + text;
 }
 
@@ -159,6 +168,36 @@ ZrString paddedNumber(const ZrString &number, int width, ZrUcs2 fill)
     if (fill != '0' || width < 0 || !sign)
         return padded(number, width, fill);
     return number.left(1) + padded(number.mid(1), std::max(width - 1, 0), fill);
+}
+
+// The text with every lowest-numbered marker replaced.
+ZrString withMarkersFilled(const ZrString &text, const ZrUcs2 *units, int length)
+{
+    int lowest = INT_MAX, found = 0;
+    Marker first;
+    for (Marker m = findMarker(text, 0); m.position >= 0;
+         m = findMarker(text, m.position + m.length)) {
+        if (m.number < lowest) {
+            lowest = m.number;
+            found = 0;
+            first = m;
+        }
+        found += m.number == lowest;
+    }
+    if (found == 0)
+        return text;
+    ZrString result;
+    result.reserve(text.size() + found * (length - 2));
+    int from = 0;
+    for (Marker m = first; found > 0; m = findMarker(text, m.position + m.length)) {
+        if (m.number != lowest)
+            continue;
+        result.append(text.constData() + from, m.position - from);
+        result.append(units, length);
+        from = m.position + m.length;
+        found--;
+    }
+    return result.append(text.constData() + from, text.size() - from);
 }
 
 } // namespace
@@ -197,32 +236,32 @@ double ZrString::toDouble(bool *ok) const
 
 ZrString ZrString::number(long long value, int base)
 {
-    return digits(magnitudeOf(value), base, value < 0);
+    return Digits(magnitudeOf(value), base, value < 0).toString();
 }
 
 ZrString ZrString::number(unsigned long long value, int base)
 {
-    return digits(value, base, false);
+    return Digits(value, base, false).toString();
 }
 
 ZrString ZrString::number(int value, int base)
 {
-    return digits(magnitudeOf(value), base, value < 0);
+    return Digits(magnitudeOf(value), base, value < 0).toString();
 }
 
 ZrString ZrString::number(unsigned value, int base)
 {
-    return digits(value, base, false);
+    return Digits(value, base, false).toString();
 }
 
 ZrString ZrString::number(long value, int base)
 {
-    return digits(magnitudeOf(value), base, value < 0);
+    return Digits(magnitudeOf(value), base, value < 0).toString();
 }
 
 ZrString ZrString::number(unsigned long value, int base)
 {
-    return digits(value, base, false);
+    return Digits(value, base, false).toString();
 }
 
 ZrString ZrString::number(double value, char format, int precision)
@@ -239,37 +278,24 @@ ZrString ZrString::number(double value, char format, int precision)
 
 ZrString ZrString::arg(const ZrString &text, int width, ZrUcs2 fill) const
 {
-    int lowest = INT_MAX, found = 0;
-    for (Marker m = findMarker(*this, 0); m.position >= 0;
-         m = findMarker(*this, m.position + m.length)) {
-        found = m.number == lowest ? found + 1 : m.number < lowest ? 1 : found;
-        lowest = std::min(lowest, m.number);
-    }
-    if (found == 0)
-        return *this;
     const ZrString filled = padded(text, width, fill);
-    ZrString result;
-    result.reserve(size() + found * filled.size());
-    int from = 0;
-    for (Marker m = findMarker(*this, 0); m.position >= 0;
-         m = findMarker(*this, m.position + m.length)) {
-        if (m.number != lowest)
-            continue;
-        result.append(constData() + from, m.position - from);
-        result.append(filled.constData(), filled.size());
-        from = m.position + m.length;
-    }
-    return result.append(constData() + from, size() - from);
+    return withMarkersFilled(*this, filled.constData(), filled.size());
 }
 
 ZrString ZrString::arg(long long value, int width, int base, ZrUcs2 fill) const
 {
-    return arg(paddedNumber(number(value, base), width, fill));
+    const Digits digits(magnitudeOf(value), base, value < 0);
+    if (width == 0)
+        return withMarkersFilled(*this, digits.begin(), digits.size());
+    return arg(paddedNumber(digits.toString(), width, fill));
 }
 
 ZrString ZrString::arg(unsigned long long value, int width, int base, ZrUcs2 fill) const
 {
-    return arg(paddedNumber(number(value, base), width, fill));
+    const Digits digits(value, base, false);
+    if (width == 0)
+        return withMarkersFilled(*this, digits.begin(), digits.size());
+    return arg(paddedNumber(digits.toString(), width, fill));
 }
 
 ZrString ZrString::argDouble(double value, int width, char format, int precision, ZrUcs2 fill) const

@@ -2,6 +2,7 @@
 #include <zrstring>
 
 #include "zrtool/letter_case.h"
+#include "zrtool/string_splitter.h"
 
 #include <zrstringlist>
 
@@ -30,6 +31,25 @@ const ZrUcs2 *findUnit(const ZrUcs2 *from, const ZrUcs2 *end, ZrUcs2 unit)
             return from + __builtin_ctzll(zero) / 16;
     }
     return std::find(from, end, unit);
+}
+
+// How many units are equal to `unit`.
+int countUnits(const ZrUcs2 *from, const ZrUcs2 *end, ZrUcs2 unit)
+{
+    typedef ZrUcs2 Units __attribute__((vector_size(16)));
+    constexpr int lanes = sizeof(Units) / sizeof(ZrUcs2), mostRounds = 65535;
+    int count = 0;
+    while (end - from >= lanes) {
+        Units sums = {};
+        for (int round = 0; round < mostRounds && end - from >= lanes; round++, from += lanes) {
+            Units units;
+            std::memcpy(&units, from, sizeof units);
+            sums -= reinterpret_cast<Units>(units == unit); // a lane that is equal is -1
+        }
+        for (int i = 0; i < lanes; i++)
+            count += sums[i];
+    }
+    return count + int(std::count(from, end, unit));
 }
 
 bool equalFolded(const ZrUcs2 *a, const ZrUcs2 *b, int count)
@@ -64,32 +84,6 @@ const ZrUcs2 *findText(const ZrUcs2 *from, const ZrUcs2 *end, const ZrString &te
     }
     return end;
 }
-
-class Splitter
-{
-public:
-    Splitter(const ZrString &text, ZrString::SplitBehavior behavior)
-        : begin_(text.begin()), behavior_(behavior)
-    {
-    }
-    void cut(const ZrUcs2 *at, int separator)
-    {
-        if (at != begin_ || behavior_ == ZrString::KeepEmptyParts)
-            parts_.append(ZrString::fromUtf16(begin_, int(at - begin_)));
-        begin_ = at + separator;
-    }
-    ZrStringList finish(const ZrUcs2 *end)
-    {
-        cut(end, 0);
-        return std::move(parts_);
-    }
-    const ZrUcs2 *begin() const { return begin_; }
-
-private:
-    const ZrUcs2 *begin_;
-    ZrString::SplitBehavior behavior_;
-    ZrStringList parts_;
-};
 
 } // namespace
 
@@ -148,7 +142,7 @@ ZrStringList ZrString::split(const ZrString &separator, SplitBehavior behavior,
 {
     if (separator.size() == 1)
         return split(separator.at(0), behavior, sensitivity);
-    Splitter splitter(*this, behavior);
+    ZrStringSplitter splitter(*this, behavior);
     if (!separator.isEmpty()) {
         const ZrUcs2 *found;
         while ((found = findText(splitter.begin(), end(), separator, sensitivity)) != end())
@@ -160,9 +154,10 @@ ZrStringList ZrString::split(const ZrString &separator, SplitBehavior behavior,
 ZrStringList ZrString::split(ZrUcs2 separator, SplitBehavior behavior,
                              Zr::CaseSensitivity sensitivity) const
 {
-    Splitter splitter(*this, behavior);
+    ZrStringSplitter splitter(*this, behavior);
     const ZrUcs2 folded = foldCase(separator);
     if (sensitivity == Zr::CaseSensitive) {
+        splitter.reserve(countUnits(begin(), end(), separator) + 1);
         const ZrUcs2 *found;
         while ((found = findUnit(splitter.begin(), end(), separator)) != end())
             splitter.cut(found, 1);

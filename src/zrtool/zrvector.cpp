@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 
-ZrVectorData ZrVectorData::sharedNull = {1, 0, 0, ZrVectorData::Sharable};
+ZrVectorData ZrVectorData::sharedNull = {ZrAtomicInt::permanent, 0, 0, ZrVectorData::Sharable};
 
 namespace
 {

@@ -29,8 +29,15 @@ Walk walkOf(int x1, int y1, int x2, int y2)
     w.end = swapped ? a1 : a2;
     w.minorStart = swapped ? b2 : b1;
     const int minorEnd = swapped ? b1 : b2;
-    w.step = w.end == w.start ? 0 : (int64_t(minorEnd - w.minorStart) << 16) / (w.end - w.start);
+    w.step = w.end == w.start ? 0 : (int64_t(minorEnd - w.minorStart) * 65536) / (w.end - w.start);
     return w;
+}
+
+// Within the ellipse whose radii are half a pixel more than the given ones.
+bool isWithin(int64_t x, int64_t y, int64_t a, int64_t b)
+{
+    const int64_t w = 2 * a + 1, h = 2 * b + 1;
+    return 4 * x * x * h * h + 4 * y * y * w * w <= w * w * h * h;
 }
 
 } // namespace
@@ -95,7 +102,7 @@ void ReferenceCanvas::line(float x1, float y1, float x2, float y2, uint32_t argb
         return;
     const Walk w = walkOf(fx1, fy1, fx2, fy2);
     int64_t minor =
-        (int64_t(w.minorStart) << 10) + ((((w.start + 32) & ~63) - w.start + 32) * w.step >> 6);
+        int64_t(w.minorStart) * 1024 + ((((w.start + 32) & ~63) - w.start + 32) * w.step >> 6);
     for (int i = (w.start + 32) >> 6; i < (w.end + 32) >> 6; ++i, minor += w.step) {
         const int m = int(minor >> 16);
         plot(w.alongX ? i : m, w.alongX ? m : i, argb);
@@ -114,7 +121,7 @@ void ReferenceCanvas::plotPair(bool alongX, int major, int64_t minor, uint32_t a
 void ReferenceCanvas::smoothLine(float x1, float y1, float x2, float y2, uint32_t argb)
 {
     const Walk w = walkOf(fixed(x1), fixed(y1), fixed(x2), fixed(y2));
-    int64_t minor = (int64_t(w.minorStart - 32) << 10) - (((w.start & 63) - 32) * w.step >> 6);
+    int64_t minor = (int64_t(w.minorStart - 32) * 1024) - (((w.start & 63) - 32) * w.step >> 6);
     for (int i = w.start >> 6; i <= w.end >> 6; ++i, minor += w.step)
         plotPair(w.alongX, i, minor, argb, 64);
 }
@@ -124,7 +131,7 @@ void ReferenceCanvas::dotLine(float x1, float y1, float x2, float y2, uint32_t a
     const Walk w = walkOf(fixed(x1), fixed(y1), fixed(x2), fixed(y2));
     const int first = w.start >> 6, last = w.end >> 6;
     const bool isOnePixel = first == last;
-    int64_t minor = (int64_t(w.minorStart - 32) << 10) - (((w.start & 63) - 32) * w.step >> 6);
+    int64_t minor = (int64_t(w.minorStart - 32) * 1024) - (((w.start & 63) - 32) * w.step >> 6);
     const int dash = 2 * std::max(state.penWidth, 1);
     for (int i = first, plotted = 0; i <= last; ++i, minor += w.step) {
         int weight = 64;
@@ -206,10 +213,15 @@ void ReferenceCanvas::curve(const ZrPointF *p, int depth)
     const float d1 = std::fabs(dx * (p[0].y() - p[1].y()) - dy * (p[0].x() - p[1].x()));
     const float d2 = std::fabs(dx * (p[0].y() - p[2].y()) - dy * (p[0].x() - p[2].x()));
     if (depth == 0 || (d1 < near && d2 < near)) {
+        // Points lie on 64ths of a pixel from the corner of the box.
+        const float x1 = float(arcX_) + float(fixed(p[0].x())) / 64,
+                    y1 = float(arcY_) + float(fixed(p[0].y())) / 64,
+                    x2 = float(arcX_) + float(fixed(p[3].x())) / 64,
+                    y2 = float(arcY_) + float(fixed(p[3].y())) / 64;
         if (state.antialias)
-            smoothLine(p[0].x(), p[0].y(), p[3].x(), p[3].y(), state.penColor);
+            smoothLine(x1, y1, x2, y2, state.penColor);
         else
-            line(p[0].x(), p[0].y(), p[3].x(), p[3].y(), state.penColor);
+            line(x1, y1, x2, y2, state.penColor);
         return;
     }
     ZrPointF row[4] = {p[0], p[1], p[2], p[3]}, left[4], right[4];
@@ -225,11 +237,13 @@ void ReferenceCanvas::curve(const ZrPointF *p, int depth)
 
 void ReferenceCanvas::arc(int x, int y, int w, int h, int start, int span)
 {
+    arcX_ = x;
+    arcY_ = y;
     const int m = (state.penWidth + 1) / 2 + (state.antialias ? 1 : 0);
     ZrPointF points[13];
     int count = 0;
     points[0] = ZrAbstractCanvas::qt_curves_for_arc(
-        {float(x + m), float(y + m), float(w - 2 * state.penWidth), float(h - 2 * state.penWidth)},
+        {float(m), float(m), float(w - 2 * state.penWidth), float(h - 2 * state.penWidth)},
         float(start), float(span), points + 1, &count);
     for (int i = 0; i < count; i += 3)
         curve(points + i, 6);
@@ -252,7 +266,7 @@ void ReferenceCanvas::fillEllipse(int cx, int cy, int rx, int ry)
     const int64_t a = rx - 1, b = ry - 1;
     for (int64_t dy = 0; dy <= b; ++dy) {
         int64_t dx = a;
-        while (dx > 0 && dx * dx * b * b + dy * dy * a * a > a * a * b * b)
+        while (dx > 0 && !isWithin(dx, dy, a, b))
             --dx;
         for (int side = dy == 0 ? 1 : -1; side <= 1; side += 2) {
             const float y = float(cy - side * dy);
@@ -283,7 +297,7 @@ void ReferenceCanvas::fillArc(int x, int y, int w, int h, int start, int span)
         const int toY = int(b * std::sin(to * 0.017453292) + 0.5);
         for (int lx = 0; lx <= a; ++lx) {
             for (int ly = 0; ly <= b; ++ly) {
-                if (int64_t(lx) * lx * b * b + int64_t(ly) * ly * a * a > int64_t(a) * a * b * b)
+                if (!isWithin(lx, ly, a, b))
                     continue;
                 // Below the first ray, or above the last: heights rounded to the nearest.
                 if (from > 0 &&

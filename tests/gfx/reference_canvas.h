@@ -55,5 +55,6 @@ private:
     void curve(const ZrPointF *points, int depth);
 
     int width_, height_;
+    int arcX_ = 0, arcY_ = 0;
     Format format_;
 };

@@ -189,6 +189,37 @@ TEST(ZrString, Splits)
               (ZrStringList{"a", "b", "c"}));
 }
 
+// The parts share blocks of memory; which of them goes first, or changes, must not matter.
+TEST(ZrString, GivesPartsThatLiveOnTheirOwn)
+{
+    std::mt19937 random = seededRandom();
+    std::vector<ZrString> kept;
+    std::vector<std::u16string> model;
+    for (int round = 0; round < 20; round++) {
+        ZrStringList fields;
+        for (int i = 0; i < 300; i++)
+            fields.append(ZrString(pick(random, 0, 90), ZrUcs2('a' + i % 26)));
+        const ZrStringList parts = fields.join(",").split(",");
+        ASSERT_EQ(parts, fields);
+        for (int n = 0; n < 30; n++) {
+            const int i = pick(random, 0, parts.size() - 1);
+            kept.push_back(parts.at(i));
+            model.push_back(standard(parts.at(i)));
+        }
+        for (int n = 0; n < 20; n++) {
+            const std::size_t i = std::size_t(pick(random, 0, int(kept.size()) - 1));
+            kept[i].append(ZrUcs2('+'));
+            model[i] += u'+';
+            std::swap(kept[i], kept.back());
+            std::swap(model[i], model.back());
+            kept.pop_back();
+            model.pop_back();
+        }
+    }
+    for (std::size_t i = 0; i < kept.size(); i++)
+        ASSERT_EQ(standard(kept[i]), model[i]);
+}
+
 TEST(ZrString, ReadsNumbers)
 {
     struct Case {

@@ -1,0 +1,182 @@
+// Each primitive as a picture, compared pixel by pixel with tests/gfx/golden. A picture that
+// differs is written beside the golden one as NAME.new.png; to accept it, move it over.
+#include "gfx/encode.h"
+
+#include <zrfbcanvas>
+#include <zrfontengine>
+#include <zrimage>
+#include <zrpainter>
+
+#include <cstring>
+#include <fstream>
+#include <functional>
+
+namespace
+{
+
+constexpr int kWidth = 160, kHeight = 100;
+const std::string kFolder = ZR_SOURCE_DIR "/tests/gfx/golden/";
+const ZrColor kInk(250, 200, 40), kGlass(60, 120, 250, 140);
+
+struct Golden {
+    const char *name;
+    std::function<void(ZrPainter &)> paint;
+};
+
+// A fan of lines from the middle, through every octant.
+void fan(ZrPainter &p, const std::function<void(const ZrPoint &, const ZrPoint &)> &line)
+{
+    for (int i = -4; i <= 4; ++i) {
+        line(ZrPoint(80, 50), ZrPoint(80 + i * 18, 4));
+        line(ZrPoint(80 + i * 18, 96), ZrPoint(80, 50));
+        line(ZrPoint(80, 50), ZrPoint(4, 50 + i * 11));
+        line(ZrPoint(156, 50 + i * 11), ZrPoint(80, 50));
+    }
+    p.setPen(ZrPen(kGlass, 4));
+    line(ZrPoint(10, 90), ZrPoint(150, 70));
+}
+
+ZrImage icon()
+{
+    constexpr int kSide = 24;
+    ZrImage image(kSide, kSide);
+    for (int y = 0; y < kSide; ++y) {
+        for (int x = 0; x < kSide; ++x) {
+            const int d = (x - 12) * (x - 12) + (y - 12) * (y - 12);
+            const uint8_t pixel[4] = {uint8_t(x * 10), uint8_t(y * 10), 128,
+                                      uint8_t(d < 80    ? 255
+                                              : d < 144 ? 400 - d * 2 - 15
+                                                        : 0)};
+            std::memcpy(image.bits() + 4 * (y * kSide + x), pixel, 4);
+        }
+    }
+    return image;
+}
+
+void glyphs(ZrPainter &p)
+{
+    static uint8_t coverage[16 * 15 + 16];
+    for (int y = 0; y < 14; ++y)
+        for (int x = 0; x < 12; ++x)
+            coverage[y * 16 + x] = uint8_t(x == y || x == 13 - y ? 255 : (x * y * 5) & 127);
+    static const GlyphBitmap glyph = {12, 14, 16, 1, 12, 3, 14, coverage};
+    ZrVector<const GlyphBitmap *> line;
+    for (int i = 0; i < 9; ++i)
+        line.append(&glyph);
+    p.setPen(ZrPen(kInk));
+    p.setFont(ZrFont(16, false, false, false, true));
+    p.drawGlyphs(6, 40, line);
+    p.setLetterSpacing(4);
+    p.setFont(ZrFont(16));
+    p.drawGlyphs(-5, 85, line);
+}
+
+const Golden kGoldens[] = {
+    {"lines", [](ZrPainter &p) { fan(p, [&p](auto &a, auto &b) { p.drawLine(a, b); }); }},
+    {"smooth_lines",
+     [](ZrPainter &p) {
+         p.setAntialiasing(true);
+         fan(p, [&p](auto &a, auto &b) { p.drawLine(a, b); });
+     }},
+    {"dot_lines", [](ZrPainter &p) { fan(p, [&p](auto &a, auto &b) { p.drawDotLine(a, b); }); }},
+    {"circles",
+     [](ZrPainter &p) {
+         p.drawCircle(40, 50, 30);
+         p.setBrush(kGlass);
+         p.drawCircle(70, 50, 30);
+         p.setPen(ZrPen(kGlass, 5));
+         p.drawCircle(110, 50, 34);
+     }},
+    {"smooth_circles",
+     [](ZrPainter &p) {
+         p.setAntialiasing(true);
+         p.drawCircle(40, 50, 30);
+         p.setPen(ZrPen(kInk, 4));
+         p.drawEllipse(110, 50, 40, 25);
+     }},
+    {"ellipses",
+     [](ZrPainter &p) {
+         p.setBrush(kGlass);
+         p.drawEllipse(50, 30, 45, 20);
+         p.drawEllipse(120, 50, 12, 45);
+         p.setPen(ZrPen(kInk, 3));
+         p.drawEllipse(50, 75, 30, 18);
+     }},
+    {"arcs",
+     [](ZrPainter &p) {
+         for (int i = 0; i < 6; ++i)
+             p.drawArc(4 + i * 26, 10, 24, 36, i * 47, 60 + i * 50);
+         p.setAntialiasing(true);
+         p.setPen(ZrPen(kInk, 3));
+         for (int i = 0; i < 3; ++i)
+             p.drawArc(4 + i * 52, 54, 48, 40, 30 + i * 60, -80 - i * 90);
+     }},
+    {"pies",
+     [](ZrPainter &p) {
+         for (int i = 0; i < 6; ++i)
+             p.fillPie(4 + i * 26, 5, 25, 40, i * 50, 40 + i * 50, ZrBrush(kGlass));
+         p.fillPie(4, 50, 60, 45, 0, 360, ZrBrush(kGlass));
+         p.fillPie(70, 50, 60, 45, 200, -300, ZrBrush(kInk));
+     }},
+    {"rects",
+     [](ZrPainter &p) {
+         p.setBrush(kGlass);
+         p.drawRect(ZrRect(8, 8, 40, 30));
+         p.setPen(ZrPen(kInk, 4));
+         p.drawRect(ZrRect(60, 8, 40, 30));
+         p.setPen(ZrPen(ZrColor(0, 0, 0, 0), 6, ZrPaintStyle::Raw));
+         p.fillRect(ZrRect(112, 8, 40, 30), ZrBrush(ZrColor(0, 0, 0, 0), ZrPaintStyle::Raw));
+         p.drawRoundedRect(ZrRect(8, 50, 60, 40), 12, 8, ZrBrush(kInk));
+         p.drawRoundedRect(ZrRect(80, 50, 60, 40), 20, 20, ZrBrush(kGlass));
+     }},
+    {"pictures",
+     [](ZrPainter &p) {
+         p.drawPixmap(4, 4, icon());
+         p.drawTiledPixmap(34, 4, 60, 40, icon());
+         p.drawScaledPixmap(ZrRect(100, 4, 55, 90), icon());
+         p.drawScaledPixmap(4, 50, 80, 45, icon(), 6, 6, 12, 12);
+     }},
+    {"glyphs", glyphs},
+};
+
+// What a monitor shows over a grey video plane.
+uint32_t shown(uint16_t word)
+{
+    if (!(word & 0x8000))
+        return 0xff606060u;
+    auto eight = [](int five) { return uint32_t(five << 3 | five >> 2); };
+    return 0xff000000u | eight(word & 31) << 16 | eight(word >> 5 & 31) << 8 |
+           eight(word >> 10 & 31);
+}
+
+// The left half opaque, the right half open to the video, as most primitives meet both.
+std::vector<uint32_t> painted(const Golden &golden)
+{
+    ZrFbCanvas::setGeometry(kWidth, kHeight, kWidth * 2);
+    ZrFbCanvas canvas;
+    canvas.fillRegion(ZrRegion(0, 0, kWidth / 2, kHeight), ZrColor(40, 60, 50));
+    ZrPainter painter(&canvas);
+    painter.setPen(ZrPen(kInk));
+    golden.paint(painter);
+    std::vector<uint32_t> pixels;
+    for (int i = 0; i < kWidth * kHeight; ++i)
+        pixels.push_back(shown(canvas.data()[i]));
+    return pixels;
+}
+
+TEST(Golden, Primitives)
+{
+    for (const Golden &golden : kGoldens) {
+        const std::vector<uint32_t> pixels = painted(golden);
+        const std::string path = kFolder + golden.name + ".png";
+        const ZrImage expected(path.c_str());
+        const bool isEqual = expected.width() == kWidth && expected.height() == kHeight &&
+                             std::memcmp(expected.bits(), pixels.data(), pixels.size() * 4) == 0;
+        EXPECT_TRUE(isEqual) << path;
+        if (!isEqual)
+            std::ofstream(kFolder + golden.name + ".new.png", std::ios::binary)
+                << encodePng(pixels, kWidth, kHeight);
+    }
+}
+
+} // namespace

@@ -24,9 +24,11 @@ struct Roles {
     Role of[256] = {};
     constexpr Roles()
     {
-        of[' '] = of['\t'] = Role::Blank;
-        of[0] = of['"'] = of['='] = of[']'] = of['\n'] = of[';'] = Role::End;
-        of['\\'] = Role::Slash;
+        for (unsigned char blank : {' ', '\t'})
+            of[blank] = Role::Blank;
+        for (unsigned char end : {'\0', '"', '=', ']', '\n', ';'})
+            of[end] = Role::End;
+        of[static_cast<unsigned char>('\\')] = Role::Slash;
     }
 };
 constexpr Roles kRoles;

@@ -14,6 +14,11 @@ inline ClipBox clipOf(const ZrCanvasState &state)
     return {state.clip.left, state.clip.top, state.clip.right, state.clip.bottom};
 }
 
+inline ClipBox boxOf(const ZrRect &rect)
+{
+    return {rect.left(), rect.top(), rect.right(), rect.bottom()};
+}
+
 // Both sizes of an image call after they are cut to the image and to the canvas.
 struct ImageCall {
     PixelBuffer<const uint32_t> image;

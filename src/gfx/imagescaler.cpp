@@ -10,8 +10,9 @@ void ImageScaler::placeColumns(int first, int count)
 {
     Scratch &s = scratch();
     count_ = count;
-    if (int(s.columns.size()) < count) {
-        s.columns.resize(size_t(count));
+    if (int(s.first.size()) < count) {
+        s.first.resize(size_t(count));
+        s.weights.resize(size_t(count));
         for (auto &slot : s.rows)
             for (auto &plane : slot)
                 plane.resize(size_t(count));
@@ -19,11 +20,10 @@ void ImageScaler::placeColumns(int first, int count)
     s.rowOf[0] = s.rowOf[1] = -1;
     for (int i = 0; i < count; ++i) {
         const int pixel = across_.pixel(first + i);
-        StretchColumn &column = s.columns[size_t(i)];
-        column = {pixel, uint16_t(across_.fraction(first + i))};
         // The last pixel has no right neighbour: it is taken as the right one of the pair before.
-        if (pixel >= across_.limit - 1)
-            column = {across_.limit - 2, 256};
+        const bool isLast = pixel >= across_.limit - 1;
+        s.first[size_t(i)] = isLast ? across_.limit - 2 : pixel;
+        s.weights[size_t(i)] = stretchWeights(isLast ? 256 : unsigned(across_.fraction(first + i)));
     }
 }
 
@@ -37,7 +37,7 @@ StretchedRow ImageScaler::stretchedRow(int y)
     s.rowOf[slot] = y;
     const uint32_t *from = image_.at(0, y);
     if (across_.limit > 1) {
-        pixelKernels().stretch(row, from, s.columns.data(), count_);
+        pixelKernels().stretch(row, from, {s.first.data(), s.weights.data()}, count_);
         return row;
     }
     for (int i = 0; i < count_; ++i) {

@@ -44,7 +44,8 @@ private:
 
     // The rows of one call, kept between calls so that drawing allocates nothing. Main thread.
     struct Scratch {
-        std::vector<StretchColumn> columns;
+        std::vector<int32_t> first;
+        std::vector<uint64_t> weights;
         std::vector<uint32_t> rows[2][2];
         int rowOf[2];
     };

@@ -17,11 +17,18 @@ struct StretchedRow {
     uint32_t *greenAlpha;
 };
 
-// Which two neighbouring source pixels a destination column mixes, and how.
-struct StretchColumn {
-    int32_t first;   // the left one; the right one stands beside it
-    uint16_t weight; // of the right one, 0 to 256
+// Which two neighbouring source pixels each destination column mixes, and how.
+struct StretchColumns {
+    const int32_t *first;    // the left one; the right one stands beside it
+    const uint64_t *weights; // as stretchWeights gives them
 };
+
+// The weight of the right pixel, 0 to 256, and that of the left one, laid out for two components of
+// both pixels at once: left in the two lower 16-bit lanes, right in the upper.
+inline uint64_t stretchWeights(unsigned right)
+{
+    return (256 - right) * uint64_t(0x00010001) | uint64_t(right) * 0x00010001 << 32;
+}
 
 // A block of 8-bit coverage to be painted in one colour.
 struct CoverageBlock {
@@ -59,7 +66,7 @@ struct PixelKernels {
     void (*coverage32)(uint32_t *to, ptrdiff_t stride, const CoverageBlock &block, uint32_t word);
 
     // The two halves of bilinear scaling. lower is 0 to 255, the weight of the lower row in 256.
-    void (*stretch)(StretchedRow to, const uint32_t *from, const StretchColumn *columns, int count);
+    void (*stretch)(StretchedRow to, const uint32_t *from, const StretchColumns &columns, int count);
     void (*scaled16)(uint16_t *to, StretchedRow upper, StretchedRow bottom, int lower, int count);
     void (*scaledOpaque16)(uint16_t *to, StretchedRow upper, StretchedRow bottom, int lower,
                            int count);

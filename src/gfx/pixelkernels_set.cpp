@@ -260,19 +260,19 @@ void coverage16(uint16_t *to, ptrdiff_t stride, const CoverageBlock &block, uint
     }
 }
 
-// Sixteen ones that slide over the block: read from 16 - n, the first n lanes are kept.
+// Ones that slide over a block: read from 16 - n, the first n lanes are kept.
 const uint8_t kFirstLanes[32] = {255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255,
                                  255, 255, 255, 255, 255, 0,   0,   0,   0,   0,   0,
                                  0,   0,   0,   0,   0,   0,   0,   0,   0,   0};
 
 void coverageWide16(uint16_t *to, ptrdiff_t stride, const CoverageBlock &block, uint16_t word)
 {
-    constexpr int N = 16;
+    constexpr int N = kLanes < 16 ? kLanes : 16;
     typedef Lanes<N>::Bytes Bytes;
     const Components<N> pen = colourOf<N>(word);
     for (int x = 0; x < block.width; x += N) {
         const int kept = block.width - x < N ? block.width - x : N;
-        const Bytes mask = load<Bytes>(kFirstLanes + N - kept);
+        const Bytes mask = load<Bytes>(kFirstLanes + 16 - kept);
         const uint8_t *from = block.rows + x;
         uint16_t *row = to + x;
         for (int y = 0; y < block.height; ++y, row += stride, from += block.pitch) {
@@ -348,27 +348,27 @@ ZR_INLINE Pixels<N> mixPair(typename Lanes<N>::Pairs components, typename Lanes<
     return as<Pixels<N>>(weighted + (weighted >> 32));
 }
 
-void stretch(StretchedRow to, const uint32_t *from, const StretchColumn *columns, int count)
+void stretch(StretchedRow to, const uint32_t *from, const StretchColumns &columns, int count)
 {
     constexpr int kBlock = kLanes >= 16 ? kLanes / 4 : 2;
-    int x = 0;
-    auto step = [&](auto lanes) ZR_LAMBDA {
+    auto step = [&](auto lanes, int x) ZR_LAMBDA {
         constexpr int N = lanes.count;
-        typename Lanes<N>::Pairs pairs, weights;
+        typedef typename Lanes<N>::Pairs Pairs;
+        Pairs pairs;
         for (int i = 0; i < N; ++i) {
             uint64_t pair;
-            __builtin_memcpy(&pair, from + columns[x + i].first, sizeof pair);
+            __builtin_memcpy(&pair, from + columns.first[x + i], sizeof pair);
             pairs[i] = pair;
-            const uint64_t right = columns[x + i].weight;
-            weights[i] = (256 - right) * 0x00010001u + (right * 0x00010001u << 32);
         }
+        const Pairs weights = load<Pairs>(columns.weights + x);
         store(to.redBlue + x, mixPair<N>(pairs & kEvenBytes, weights));
         store(to.greenAlpha + x, mixPair<N>((pairs >> 8) & kEvenBytes, weights));
     };
+    int x = 0;
     for (; x + kBlock <= count; x += kBlock)
-        step(Lanes<kBlock>());
+        step(Lanes<kBlock>(), x);
     for (; x < count; ++x)
-        step(Lanes<1>());
+        step(Lanes<1>(), x);
 }
 
 // (upper * (256 - lower) + bottom * lower) >> 16 of 16-bit lanes, in halves so that no product

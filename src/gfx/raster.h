@@ -66,6 +66,15 @@ struct Format16 {
                   mix(to >> 5, ink >> 5, alpha) << 5 | mix(to, ink, alpha));
     }
 
+    static void fill(Word *to, ptrdiff_t stride, const ClipBox &box, uint32_t argb)
+    {
+        const PixelKernels &kernels = pixelKernels();
+        if (alphaOf(argb) == 255)
+            kernels.fill16(to, stride, box.width(), box.height(), opaque(argb));
+        else
+            kernels.blend16(to, stride, box.width(), box.height(), opaque(argb), alphaOf(argb));
+    }
+
 private:
     static int mix(int to, int from, int alpha)
     {
@@ -88,6 +97,16 @@ struct Format32 {
         const int composed = d + alpha - ((alpha * d + (alpha * d >> 8) + 128) >> 8);
         to = Word(composed & 255) << 24 | mix(to, ink, 16, alpha) | mix(to, ink, 8, alpha) |
              mix(to, ink, 0, alpha);
+    }
+
+    static void fill(Word *to, ptrdiff_t stride, const ClipBox &box, uint32_t argb)
+    {
+        const PixelKernels &kernels = pixelKernels();
+        const Word ink = (opaque(argb) & 0xffffff) | Word(alphaOf(argb)) << 24;
+        if (alphaOf(argb) == 255)
+            kernels.fill32(to, stride, box.width(), box.height(), ink);
+        else
+            kernels.blend32(to, stride, box.width(), box.height(), ink);
     }
 
 private:
@@ -138,12 +157,7 @@ public:
         const int alpha = alphaOf(argb);
         if (cut.isEmpty() || alpha == 0)
             return;
-        const Word ink = Format::opaque(argb);
-        for (int y = cut.top; y <= cut.bottom; ++y) {
-            Word *row = at(0, y);
-            for (int x = cut.left; x <= cut.right; ++x)
-                put(row[x], ink, alpha);
-        }
+        Format::fill(at(cut.left, cut.top), buffer_.stride, cut, argb);
     }
 
     void run(int left, int right, int y, uint32_t argb) const { block({left, y, right, y}, argb); }

@@ -149,19 +149,11 @@ void ZrCanvas::drawImage(int x, int y, int w, int h, const ZrImage &image, int s
 void ZrCanvas::fillRect(const ZrRect &rect)
 {
     const PixelBuffer<uint32_t> buffer = bufferOf(*this);
-    const uint32_t brush = state_->brushColor;
-    const ClipBox cut =
-        ClipBox{rect.left(), rect.top(), rect.right(), rect.bottom()}.cutTo(buffer.box());
-    if (alphaOf(brush) == 0 || cut.isEmpty())
+    const ClipBox cut = boxOf(rect).cutTo(buffer.box());
+    if (alphaOf(state_->brushColor) == 0 || cut.isEmpty())
         return;
     contentsChanged();
-    uint32_t *to = buffer.at(cut.left, cut.top);
-    if (alphaOf(brush) == 255)
-        pixelKernels().fill32(to, width_, cut.width(), cut.height(), Format32::opaque(brush));
-    else
-        pixelKernels().blend32(to, width_, cut.width(), cut.height(),
-                               (Format32::opaque(brush) & 0xffffff) | uint32_t(alphaOf(brush))
-                                                                          << 24);
+    Format32::fill(buffer.at(cut.left, cut.top), buffer.stride, cut, state_->brushColor);
 }
 
 void ZrCanvas::fillCircle(int cx, int cy, int radius)

@@ -144,17 +144,10 @@ void ZrFbCanvas::drawImage(int x, int y, int w, int h, const ZrImage &image, int
 void ZrFbCanvas::fillRect(const ZrRect &rect)
 {
     const PixelBuffer<uint16_t> buffer = screenBuffer(data_);
-    const int alpha = alphaOf(state_->brushColor);
-    const ClipBox cut =
-        ClipBox{rect.left(), rect.top(), rect.right(), rect.bottom()}.cutTo(buffer.box());
-    if (alpha == 0 || cut.isEmpty())
+    const ClipBox cut = boxOf(rect).cutTo(buffer.box());
+    if (alphaOf(state_->brushColor) == 0 || cut.isEmpty())
         return;
-    uint16_t *to = buffer.at(cut.left, cut.top);
-    const uint16_t ink = Format16::opaque(state_->brushColor);
-    if (alpha == 255)
-        pixelKernels().fill16(to, buffer.stride, cut.width(), cut.height(), ink);
-    else
-        pixelKernels().blend16(to, buffer.stride, cut.width(), cut.height(), ink, alpha);
+    Format16::fill(buffer.at(cut.left, cut.top), buffer.stride, cut, state_->brushColor);
 }
 
 void ZrFbCanvas::fillCircle(int cx, int cy, int radius)
@@ -178,8 +171,7 @@ void ZrFbCanvas::fillRegion(const ZrRegion &region, const ZrColor &colour)
 {
     const PixelBuffer<uint16_t> buffer = screenBuffer(data_);
     for (const ZrRect &rect : region) {
-        const ClipBox cut =
-            ClipBox{rect.left(), rect.top(), rect.right(), rect.bottom()}.cutTo(buffer.box());
+        const ClipBox cut = boxOf(rect).cutTo(buffer.box());
         if (!cut.isEmpty())
             pixelKernels().fill16(buffer.at(cut.left, cut.top), buffer.stride, cut.width(),
                                   cut.height(), word(colour.argb()));

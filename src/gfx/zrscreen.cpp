@@ -20,6 +20,20 @@ namespace
 
 constexpr char kPointerImage[] = "cursor-image/arrow.png";
 
+// The region as it is, shared, when the rectangle does not cut it.
+ZrRegion cutTo(const ZrRegion &region, const ZrRect &rect)
+{
+    return rect.contains(region.boundingRect()) ? region : region & ZrRegion(rect);
+}
+
+void addTo(ZrRegion &sum, const ZrRegion &region)
+{
+    if (sum.isEmpty())
+        sum = region;
+    else if (!region.isEmpty())
+        sum += region;
+}
+
 } // namespace
 
 ZrScreen *ZrScreen::instance_ = nullptr;
@@ -102,10 +116,10 @@ void ZrScreen::update(const ZrRegion &region)
 {
     if (!isOpen())
         return;
-    const ZrRegion shown = region & ZrRegion(screenRect_);
+    const ZrRegion shown = cutTo(region, screenRect_);
     if (shown.isEmpty())
         return;
-    dirtyRegion_ += shown;
+    addTo(dirtyRegion_, shown);
     postFlush();
 }
 
@@ -122,7 +136,7 @@ void ZrScreen::updateSurface(ZrMemSurface *surface, const ZrRegion &region)
     const int index = indexOf(surface);
     if (!isOpen() || index < 0)
         return;
-    ZrRegion shown = region & ZrRegion(screenRect_);
+    ZrRegion shown = cutTo(region, screenRect_);
     for (int i = index + 1; i < surfaces_.size() && !shown.isEmpty(); ++i) {
         const ZrSurfaceClient *upper = surfaces_.at(i)->client();
         if (!upper->surfaceHidden() && !upper->surfaceTranslucent())
@@ -130,7 +144,7 @@ void ZrScreen::updateSurface(ZrMemSurface *surface, const ZrRegion &region)
     }
     if (shown.isEmpty())
         return;
-    dirtyRegion_ += shown;
+    addTo(dirtyRegion_, shown);
     postFlush();
 }
 
@@ -316,7 +330,8 @@ void ZrScreen::flush()
     PaintFlash::show(*this, dirtyRegion_);
     for (const ZrRect &rect : dirtyRegion_)
         present(rect);
-    const ZrRegion clear = visibleHoles() + unpainted;
+    ZrRegion clear = visibleHoles();
+    addTo(clear, unpainted);
     if (!clear.isEmpty())
         punch(clear);
     clearPending();
@@ -331,7 +346,7 @@ ZrRegion ZrScreen::paintSurfaces()
         if (surface->client()->surfaceHidden())
             continue;
         // What the surface shows itself, and what it must paint for a translucent one above it.
-        ZrRegion solid = remaining & ZrRegion(surface->rect());
+        ZrRegion solid = cutTo(remaining, surface->rect());
         if (!solid.isEmpty())
             surface->client()->subtractHoles(solid);
         ZrRegion overlaid;
@@ -344,12 +359,15 @@ ZrRegion ZrScreen::paintSurfaces()
             if (upper->surfaceTranslucent())
                 overlaid += cover;
         }
-        const ZrRegion painted = solid + overlaid;
-        if (painted.isEmpty())
+        addTo(overlaid, solid);
+        if (overlaid.isEmpty())
             continue;
-        surface->flush(painted);
+        surface->flush(overlaid);
         surface->endFlush();
-        remaining -= solid;
+        if (solid == remaining)
+            remaining.clear();
+        else
+            remaining -= solid;
     }
     return remaining;
 }
@@ -365,22 +383,20 @@ void ZrScreen::present(const ZrRect &rect)
     setGuard(ZrRect());
 }
 
-// The holes in the dirty region that no higher surface covers, hidden and translucent ones
-// included.
+// The holes in the dirty region that no higher surface covers, hidden and translucent ones included.
 ZrRegion ZrScreen::visibleHoles() const
 {
     ZrRegion holes;
-    ZrRegion covered;
-    for (int i = surfaces_.size() - 1; i >= 0; --i) {
-        const ZrSurfaceClient *client = surfaces_.at(i)->client();
+    for (int i = 0; i < surfaces_.size(); ++i) {
         ZrRegion own;
-        client->addHoles(own);
-        if (!own.isEmpty()) {
-            own &= client->surfaceGeometry();
-            own &= dirtyRegion_;
-            holes += own - covered;
-        }
-        covered += client->surfaceGeometry();
+        surfaces_.at(i)->client()->addHoles(own);
+        if (own.isEmpty())
+            continue;
+        own &= surfaces_.at(i)->rect();
+        own &= dirtyRegion_;
+        for (int above = i + 1; above < surfaces_.size() && !own.isEmpty(); ++above)
+            own -= surfaces_.at(above)->rect();
+        addTo(holes, own);
     }
     return holes;
 }

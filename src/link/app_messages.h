@@ -183,6 +183,7 @@ enum Type : uint16_t {
     coaxialUpgrade = 58,          // <>
     longChannelStatus = 59,       // <>
     camerasChanged = 60,          // <
+    pageQuery62 = 62,             // b  these belong to pages without a name of their own
     notice = 64,                  // <>
     cameraInformation = 65,       // <>
     cameraNotice66 = 66,          // <
@@ -254,6 +255,9 @@ enum Type : uint16_t {
     continueQuestion = 199,       // <
     waitNoticeTwo = 200,          // <
     faceGroups = 202,             // d
+    faceQuery203 = 203,           // d
+    faceQuery204 = 204,           // d
+    faceQuery205 = 205,           // d
     facePictures = 206,           // d
     faceBatchFirst = 208,         // d
     faceBatchSecond = 209,        // d
@@ -273,7 +277,9 @@ enum Type : uint16_t {
     raidState = 227,              // <>
     cameraField229 = 229,         // <
     mainViewNotice = 230,         // <
+    pageQuery232 = 232,           // b
     objectQuery = 234,            // d
+    objectQuery235 = 235,         // d
     objectPage = 236,             // d
     objectDetails = 237,          // d
     objectAlarm = 238,            // <
@@ -293,6 +299,7 @@ enum Type : uint16_t {
     cameraNames = 266,            // <
     storageEvent = 267,           // <
     smartHome = 268,              // <>
+    pageQuery269 = 269,           // b
     stickUpgradeProgress = 270,   // <>
     aiNotice = 273,               // <>
     snapshotFirst = 275,          // d  four queries of stored snapshots
@@ -303,6 +310,7 @@ enum Type : uint16_t {
     diskPanel = 280,              // <
     shuttingDown = 281,           // <
     diskPanelState = 282,         // <> b
+    pageQuery283 = 283,           // b
     standby = 284,                // <>
     cameraResults = 285,          // <
     channelPage = 287,            // <

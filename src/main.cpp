@@ -1,0 +1,58 @@
+// The start-up order, nothing else.
+#include "cameras/cameramodel.h"
+#include "link/appcalls.h"
+#include "link/deviceparams.h"
+#include "link/startup.h"
+#include "live/mainviewmanager.h"
+#include "ui/commonstyle.h"
+#include "ui/scale.h"
+#include "ui/uimanager.h"
+#include "users/authoritymanager.h"
+#include "widgets/zrinstallwidgets.h"
+
+#include <zrapplication>
+#include <zrgraphics>
+#include <zrtranslation>
+
+namespace
+{
+
+template <typename Subject>
+void create(ZrObject *parent)
+{
+    if (!Subject::instance())
+        new Subject(parent); // owned by the parent
+}
+
+// In this order: each may use those before it.
+constexpr UiModule Modules[] = {{"ZrTranslation", ZrTranslation::createTranslation},
+                                {"AuthorityManager", create<AuthorityManager>},
+                                {"CameraModel", create<CameraModel>},
+                                {"MainViewManager", create<MainViewManager>},
+                                {nullptr, nullptr}};
+
+int countIpCameras()
+{
+    return CameraModel::instance()->ipCameraCount();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    readResourcePath();
+    lineBufferOutput();
+    appLinkStart(nullptr);
+    announceInterface();
+    configureApp();
+    waitForApp();
+    zrInstallGraphics();
+    zrInstallWidgets();
+    ZrApplication::setDisplayDevice(framebufferNode());
+    ZrApplication application(argc, argv);
+    const ZrRect &desktop = application.desktopRect();
+    setScreenScale(desktop.width(), desktop.height());
+    new UiManager(&application, {Modules, countIpCameras}); // owned by the application
+    loadCommonStyle();
+    return application.exec();
+}

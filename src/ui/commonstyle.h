@@ -1,0 +1,4 @@
+// Fills the application's style from "style/commonstyle.ini": what every control looks like.
+#pragma once
+
+void loadCommonStyle();

@@ -1,0 +1,166 @@
+#include <zrtranslation>
+
+#include "link/general_records.h"
+#include "link/startup.h"
+
+#include <cstdio>
+#include <tinyxml.h>
+#include <zrdir>
+#include <zrhash>
+
+ZrTranslation *ZrTranslation::instance_ = nullptr;
+
+namespace
+{
+
+// The numbers are stored in devices: the order never changes.
+const char *const LanguageNames[ZrTranslation::LanguageCount] = {
+    "chinese",    "chinese_complex", "czech",    "danish",     "english",  "finnish",
+    "french",     "german",          "greek",    "hebrew",     "hungarian", "italian",
+    "japanese",   "polish",          "portuguese", "russian",  "spanish",  "thai",
+    "slovenia",   "romanian",        "bulgarian", "arabic",    "hindi",    "vietnam",
+    "holland",    "turkey",          "persion",  "svenska",    "korean",   "indonesia",
+    "brazile",    "flemish",         "ukrainian", "slovak"};
+
+using Texts = ZrHash<std::uint32_t, ZrString>;
+
+Texts &translations()
+{
+    static Texts texts;
+    return texts;
+}
+
+std::uint32_t current = ZrTranslation::NoLanguage;
+
+ZrString pathOf(std::uint32_t language)
+{
+    return resolveResourcePath(ZrString("./language")) + ZrString("/") +
+           ZrTranslation::languageFiles().at(int(language));
+}
+
+bool exists(std::uint32_t language)
+{
+    return ZrDir().exists(pathOf(language));
+}
+
+bool isSet(std::uint32_t low, std::uint32_t high, std::uint32_t language)
+{
+    return language < 32 ? low >> language & 1u : high >> (language - 32) & 1u;
+}
+
+class ZrXmlVisitor : public TiXmlVisitor
+{
+public:
+    bool VisitEnter(const TiXmlElement &element, const TiXmlAttribute *) override
+    {
+        if (element.ValueStr() != "tr")
+            return true;
+        int id = -1;
+        element.QueryIntAttribute("id", &id);
+        if (id >= 0)
+            translations().insert(std::uint32_t(id), ZrString(element.Attribute("text")));
+        return true;
+    }
+};
+
+} // namespace
+
+ZrString tr(int id)
+{
+    return translations().value(std::uint32_t(id));
+}
+
+void ZrTranslation::createTranslation(ZrObject *parent)
+{
+    if (!instance_)
+        instance_ = new ZrTranslation(parent); // owned by the parent
+}
+
+ZrTranslation::ZrTranslation(ZrObject *parent) : ZrObject(parent)
+{
+    instance_ = this;
+    loadConfiguredLanguage();
+}
+
+ZrTranslation::~ZrTranslation()
+{
+    instance_ = nullptr;
+}
+
+std::uint32_t ZrTranslation::currentLanguage() const
+{
+    return current;
+}
+
+ZrStringList ZrTranslation::languageFiles()
+{
+    ZrStringList files;
+    for (const char *name : LanguageNames)
+        files.append(ZrString("%1%2%3").arg(ZrString("tran_")).arg(ZrString(name)).arg(
+            ZrString(".xml")));
+    return files;
+}
+
+void ZrTranslation::availableLanguages(std::uint32_t *lowMask, std::uint32_t *highMask)
+{
+    std::uint32_t low = 0;
+    std::uint32_t high = 0;
+    for (std::uint32_t language = 0; language < LanguageCount; ++language) {
+        if (!exists(language))
+            continue;
+        if (language < 32)
+            low |= 1u << language;
+        else
+            high |= 1u << (language - 32);
+    }
+    *lowMask = (*lowMask & low) ? *lowMask & low : low;
+    *highMask = (*highMask & high) ? *highMask & high : high;
+}
+
+void ZrTranslation::loadConfiguredLanguage()
+{
+    GeneralParams general = readGeneralParams();
+    if (general.language == current)
+        return;
+    std::uint32_t low = general.languageMask;
+    std::uint32_t high = general.extendedLanguageMask;
+    availableLanguages(&low, &high);
+    if (general.language < LanguageCount && isSet(low, high, general.language)) {
+        setLanguage(general.language);
+        return;
+    }
+    for (std::uint32_t language = 0; language < LanguageCount; ++language) {
+        if (!isSet(low, high, language))
+            continue;
+        if (language > 31)
+            general.extendedLanguageMask = high;
+        else
+            general.languageMask = low;
+        general.language = language;
+        writeGeneralParams(general);
+        setLanguage(language);
+        return;
+    }
+    setLanguage(general.language);
+}
+
+void ZrTranslation::setLanguage(std::uint32_t language)
+{
+    if (language == current)
+        return;
+    current = language;
+    if (language >= LanguageCount || !exists(language)) {
+        std::puts("No language package found !!!");
+        return;
+    }
+    const ZrByteArray path = pathOf(language).toUtf8();
+    TiXmlDocument document;
+    if (!document.LoadFile(path.constData(), TIXML_ENCODING_UTF8)) {
+        std::printf("Translation file %s load failed !!!\n", path.constData());
+        return;
+    }
+    translations().clear();
+    ZrXmlVisitor visitor;
+    document.Accept(&visitor);
+    emit(this, &languageChanged);
+}

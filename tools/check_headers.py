@@ -8,7 +8,8 @@ import sys
 
 TOP = pathlib.Path(__file__).resolve().parent.parent
 COMPILER = sys.argv[1] if len(sys.argv) > 1 else "g++"
-PACKAGES = ["freetype2", "harfbuzz", "fribidi", "tinyxml", "libpng", "libjpeg", "libvncserver"]
+PACKAGES = ["freetype2", "harfbuzz", "fribidi", "tinyxml", "libpng", "libjpeg", "libvncserver", "pixman-1",
+            "sigc++-2.0"]
 
 
 def flags():

@@ -1,10 +1,9 @@
 #include "gfx/imagereader.h"
 
-#include <zrcanvas>
-#if __has_include(<zrbitmap>)
 #include <cstdio>
 #include <cstring>
 #include <zrbitmap>
+#include <zrcanvas>
 
 std::unique_ptr<ZrCanvas> readBmp(EncodedBytes bytes)
 {
@@ -15,17 +14,14 @@ std::unique_ptr<ZrCanvas> readBmp(EncodedBytes bytes)
     ZrVector<std::uint8_t> pixels;
     const bool isRead = bitmap.isValid() && bitmap.decode(pixels);
     std::fclose(file);
-    if (!isRead)
+    if (!isRead) {
+        std::fputs("ZrImage(): BMP cannot be decoded\n", stderr);
         return nullptr;
-    std::unique_ptr<ZrCanvas> canvas =
-        makeCanvas(unsigned(bitmap.width()), unsigned(bitmap.height()));
-    if (canvas)
+    }
+    auto canvas = makeCanvas(uint32_t(bitmap.width()), uint32_t(bitmap.height()));
+    if (canvas) {
         std::memcpy(canvas->data(), pixels.constData(), size_t(pixels.size()));
+        canvas->isOpaque();
+    }
     return canvas;
 }
-#else
-std::unique_ptr<ZrCanvas> readBmp(EncodedBytes)
-{
-    return nullptr;
-}
-#endif

@@ -29,7 +29,7 @@ Walk walkOf(int x1, int y1, int x2, int y2)
     w.end = swapped ? a1 : a2;
     w.minorStart = swapped ? b2 : b1;
     const int minorEnd = swapped ? b1 : b2;
-    w.step = w.end == w.start ? 0 : (int64_t(minorEnd - w.minorStart) << 16) / (w.end - w.start);
+    w.step = w.end == w.start ? 0 : (int64_t(minorEnd - w.minorStart) * 65536) / (w.end - w.start);
     return w;
 }
 
@@ -95,7 +95,7 @@ void ReferenceCanvas::line(float x1, float y1, float x2, float y2, uint32_t argb
         return;
     const Walk w = walkOf(fx1, fy1, fx2, fy2);
     int64_t minor =
-        (int64_t(w.minorStart) << 10) + ((((w.start + 32) & ~63) - w.start + 32) * w.step >> 6);
+        int64_t(w.minorStart) * 1024 + ((((w.start + 32) & ~63) - w.start + 32) * w.step >> 6);
     for (int i = (w.start + 32) >> 6; i < (w.end + 32) >> 6; ++i, minor += w.step) {
         const int m = int(minor >> 16);
         plot(w.alongX ? i : m, w.alongX ? m : i, argb);
@@ -114,7 +114,7 @@ void ReferenceCanvas::plotPair(bool alongX, int major, int64_t minor, uint32_t a
 void ReferenceCanvas::smoothLine(float x1, float y1, float x2, float y2, uint32_t argb)
 {
     const Walk w = walkOf(fixed(x1), fixed(y1), fixed(x2), fixed(y2));
-    int64_t minor = (int64_t(w.minorStart - 32) << 10) - (((w.start & 63) - 32) * w.step >> 6);
+    int64_t minor = (int64_t(w.minorStart - 32) * 1024) - (((w.start & 63) - 32) * w.step >> 6);
     for (int i = w.start >> 6; i <= w.end >> 6; ++i, minor += w.step)
         plotPair(w.alongX, i, minor, argb, 64);
 }
@@ -124,7 +124,7 @@ void ReferenceCanvas::dotLine(float x1, float y1, float x2, float y2, uint32_t a
     const Walk w = walkOf(fixed(x1), fixed(y1), fixed(x2), fixed(y2));
     const int first = w.start >> 6, last = w.end >> 6;
     const bool isOnePixel = first == last;
-    int64_t minor = (int64_t(w.minorStart - 32) << 10) - (((w.start & 63) - 32) * w.step >> 6);
+    int64_t minor = (int64_t(w.minorStart - 32) * 1024) - (((w.start & 63) - 32) * w.step >> 6);
     const int dash = 2 * std::max(state.penWidth, 1);
     for (int i = first, plotted = 0; i <= last; ++i, minor += w.step) {
         int weight = 64;

@@ -17,12 +17,13 @@ namespace
 
 constexpr int kLines = 1000;
 
-// As a style file: sections of some twenty keys with a path or a colour each.
-const char *sampleFile()
+// As a style file: sections of some twenty keys with a path or a colour each. Gone with the process.
+class SampleFile
 {
-    static const std::string path = [] {
-        const std::string name = "/tmp/zrinibench" + std::to_string(getpid()) + ".ini";
-        FILE *file = fopen(name.c_str(), "w");
+public:
+    SampleFile() : name_("/tmp/zrinibench" + std::to_string(getpid()) + ".ini")
+    {
+        FILE *file = fopen(name_.c_str(), "w");
         for (int i = 0; i < kLines; ++i) {
             if (i % 21 == 0)
                 fprintf(file, "[Widget%02d]\n", i * 7 % 48);
@@ -33,10 +34,20 @@ const char *sampleFile()
                 fprintf(file, "Image/State%02d = images/button-%d.png ; comment\n", i % 21, i);
         }
         fclose(file);
-        atexit([] { unlink(sampleFile()); });
-        return name;
-    }();
-    return path.c_str();
+    }
+    ~SampleFile() { unlink(name_.c_str()); }
+    SampleFile(const SampleFile &) = delete;
+    SampleFile &operator=(const SampleFile &) = delete;
+    const char *name() const { return name_.c_str(); }
+
+private:
+    std::string name_;
+};
+
+const char *sampleFile()
+{
+    static const SampleFile file;
+    return file.name();
 }
 
 void iniRead(benchmark::State &state)

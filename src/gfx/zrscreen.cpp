@@ -4,11 +4,9 @@
 #include "platform/boardpath.h"
 #include "platform/framebufferdoor.h"
 
-#include "link/startup.h"
-
 #include <cstdio>
 #include <cstring>
-#include <zrcanvas>
+#include <zrcursor>
 #include <zrevent>
 #include <zrfbcanvas>
 #include <zrimage>
@@ -17,8 +15,6 @@
 
 namespace
 {
-
-constexpr char kPointerImage[] = "cursor-image/arrow.png";
 
 // The region as it is, shared, when the rectangle does not cut it.
 ZrRegion cutTo(const ZrRegion &region, const ZrRect &rect)
@@ -80,7 +76,7 @@ bool ZrScreen::open(const ZrString &device)
     cursor_->resume(ZrFbCanvas::frontCanvas()->data(), fb.width(), fb.height(), fb.lineLength());
     if (isFirst) {
         std::puts("[GUI-FRAMEWORK]: using software mouse");
-        setCursor(ZrImage(resolveResourcePath(kPointerImage)), 0, 0);
+        setCursor(ZrCursor(ZrCursor::Arrow));
     }
     return true;
 }
@@ -290,6 +286,17 @@ void ZrScreen::setCursor(const ZrImage &image, int hotX, int hotY)
 {
     if (cursor_)
         cursor_->setImage(image, hotX, hotY);
+}
+
+void ZrScreen::setCursor(const ZrCursor &cursor)
+{
+    setCursor(cursor.image(), cursor.hotSpot().x(), cursor.hotSpot().y());
+}
+
+void ZrScreen::setCursorTimeout(int seconds)
+{
+    if (cursor_)
+        cursor_->setTimeout(seconds);
 }
 
 // --- Flush -----------------------------------------------------------------------------------

@@ -91,7 +91,7 @@ class Pair
 {
 public:
     Pair(ReferenceCanvas::Format format, Random &random)
-        : reference_(format, kWidth, kHeight), format_(format)
+        : reference_(format, kWidth, kHeight)
     {
         if (format == ReferenceCanvas::Format::Framebuffer) {
             // The rows of a framebuffer may be longer than the picture.
@@ -148,7 +148,6 @@ private:
     ZrFbCanvas *fb_ = nullptr;
     ZrCanvas *image_ = nullptr;
     ReferenceCanvas reference_;
-    ReferenceCanvas::Format format_;
 };
 
 void Pair::randomState(Random &random)

@@ -9,7 +9,7 @@
 namespace
 {
 
-const ZrColor kRed(255, 0, 0), kGreen(0, 255, 0), kBlue(0, 0, 255), kNone(0, 0, 0, 0);
+const ZrColor kRed(255, 0, 0), kGreen(0, 255, 0), kBlue(0, 0, 255);
 constexpr uint16_t kRedWord = 0xfc00, kGreenWord = 0x83e0, kBlueWord = 0x801f;
 
 TEST(Screen, OpensTransparentAndClosesBlack)

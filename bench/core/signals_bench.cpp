@@ -59,7 +59,8 @@ void emitPlain(benchmark::State &state)
     const Receivers receivers = makeReceivers(state);
     std::vector<PlainSlot> slots;
     for (const auto &receiver : receivers)
-        slots.push_back({[](void *self) { static_cast<Receiver *>(self)->heard(); }, receiver.get()});
+        slots.push_back(
+            {[](void *self) { static_cast<Receiver *>(self)->heard(); }, receiver.get()});
     for (auto _ : state) {
         callAll(slots);
         benchmark::ClobberMemory();
@@ -108,8 +109,8 @@ BENCHMARK(connectSigc);
     zrbench::atMost("emit to 1 slot beside a function pointer", "emitSignal/1", "emitPlain/1", 3),
     zrbench::atMost("emit to 10 slots beside function pointers", "emitSignal/10", "emitPlain/10",
                     1.5),
-    zrbench::atMost("emit to 100 slots beside function pointers", "emitSignal/100",
-                    "emitPlain/100", 1.5),
+    zrbench::atMost("emit to 100 slots beside function pointers", "emitSignal/100", "emitPlain/100",
+                    1.5),
     zrbench::atMost("emit to 1 slot beside libsigc++", "emitSignal/1", "emitSigc/1", 1),
     zrbench::atMost("emit to 10 slots beside libsigc++", "emitSignal/10", "emitSigc/10", 1),
     zrbench::atMost("emit to 100 slots beside libsigc++", "emitSignal/100", "emitSigc/100", 1),

@@ -62,8 +62,8 @@ bool report(const Aim &aim, double row, double yardstick)
     const bool faster = aim.kind == Aim::Kind::AtLeastTimesFaster;
     const double ratio = faster ? yardstick / row : row / yardstick;
     const bool met = faster ? ratio >= aim.limit : ratio <= aim.limit;
-    std::printf("aim: %s %.2f %s %.2f %s\n", aim.name.c_str(), ratio, faster ? ">=" : "<=",
-                aim.limit, met ? "ok" : "short");
+    std::printf("aim: %s %.2f %s %.2f %s\n", aim.name.c_str(), ratio,
+                faster ? ">=" : "<=", aim.limit, met ? "ok" : "short");
     return met;
 }
 

@@ -225,7 +225,7 @@ const bool aims[] = {
     zrbench::atMost("union of 200 rectangles at once beside pixman", "uniteAtOnce",
                     "uniteAtOnceYardstick", 1.5),
     zrbench::atMost("union of 500 and 500 beside pixman", "regionUnite", "regionUniteYardstick",
-                    1.2),
+                    1.3),
     zrbench::atMost("intersection of 500 and 500 beside pixman", "regionIntersect",
                     "regionIntersectYardstick", 1.0),
     zrbench::atMost("subtraction of 500 and 500 beside pixman", "regionSubtract",

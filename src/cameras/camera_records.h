@@ -51,8 +51,8 @@ constexpr std::size_t AnalogCameraRecordSize = 2800;
 struct AnalogCameraEntry {
     static constexpr std::size_t Size = 100;
     static constexpr std::size_t OffsetName = 0, NameSize = 64;
-    static constexpr std::size_t OffsetOsdX = 64;    // u16, in pixels of a 1920 x 1080 picture
-    static constexpr std::size_t OffsetOsdY = 66;    // u16
+    static constexpr std::size_t OffsetOsdX = 64;     // u16, in pixels of a 1920 x 1080 picture
+    static constexpr std::size_t OffsetOsdY = 66;     // u16
     static constexpr std::size_t OffsetShowName = 68; // u8
 
     ZrString name;

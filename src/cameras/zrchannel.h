@@ -34,7 +34,12 @@ class ZrChannel : public ZrObject
     ZR_OBJECT(ZrChannel, ZrObject)
 public:
     enum ConnectState { Unknown = -1, NoCamera = 0, Connecting = 1, Online = 2, Sleeping = 6 };
-    enum Kind { SubChannelKind = 21, BatterySubChannelKind = 22, BatteryKind = 24, WirelessKind = 26 };
+    enum Kind {
+        SubChannelKind = 21,
+        BatterySubChannelKind = 22,
+        BatteryKind = 24,
+        WirelessKind = 26
+    };
     // The corner where an IP camera's name stands.
     enum OsdPosition { UpperLeft = 0, LowerLeft = 1, UpperRight = 2, LowerRight = 3, NoName = 4 };
     static constexpr int IntelligentKinds = 8;

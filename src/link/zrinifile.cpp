@@ -2,6 +2,7 @@
 
 #include "platform/boardpath.h"
 
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <memory>
@@ -16,8 +17,27 @@ bool isBlank(char character)
     return character == ' ' || character == '\t';
 }
 
-// Cuts the token out in place: its text begins at the result and is zero-terminated.
-char *cutToken(char *text)
+// What a character does to the token it stands in.
+enum class Role : uint8_t { Text, Blank, End, Slash };
+
+struct Roles {
+    Role of[256] = {};
+    constexpr Roles()
+    {
+        of[' '] = of['\t'] = Role::Blank;
+        of[0] = of['"'] = of['='] = of[']'] = of['\n'] = of[';'] = Role::End;
+        of['\\'] = Role::Slash;
+    }
+};
+constexpr Roles kRoles;
+
+struct Token {
+    char *text;
+    int length;
+};
+
+// Cuts the token out in place: behind it stands a zero.
+Token cutToken(char *text)
 {
     while (isBlank(*text))
         ++text;
@@ -25,15 +45,18 @@ char *cutToken(char *text)
     if (isQuoted || *text == '[')
         ++text;
     char *end = text;
-    for (; *end && !strchr("\"=]\n;", *end) && (isQuoted || !isBlank(*end)); ++end) {
-        if (*end == '\\')
+    for (;; ++end) {
+        const Role role = kRoles.of[uint8_t(*end)];
+        if (role == Role::Slash)
             *end = '/';
+        else if (role == Role::End || (role == Role::Blank && !isQuoted))
+            break;
     }
     // There is always room behind a "]": at least the line's own terminator.
     if (*end == ']')
         *end++ = '/';
     *end = 0;
-    return text;
+    return {text, int(end - text)};
 }
 
 bool isDigit(char character)
@@ -81,24 +104,27 @@ ZrIniFile::ZrIniFile(const char *path, Mode mode)
     if (mode == Mode::ProbeOnly)
         return;
     char line[kLineSize];
-    ZrString section;
+    std::string section;
     while (fgets(line, sizeof line, file.get()))
         readLine(line, &section);
 }
 
-void ZrIniFile::readLine(char *line, ZrString *section)
+void ZrIniFile::readLine(char *line, std::string *section)
 {
     char *equals = strchr(line, '=');
     if (!equals) {
         if (char *bracket = strchr(line, '['))
-            *section = ZrString(cutToken(bracket));
+            *section = cutToken(bracket).text;
         return;
     }
     // The value first: cutting the key may put its zero over the "=", or behind it.
-    const ZrString text(cutToken(equals + 1));
-    ZrString key = *section;
-    key.append(ZrString(cutToken(line)));
-    values_.insert(key, text);
+    const Token value = cutToken(equals + 1);
+    const Token key = cutToken(line);
+    char name[2 * kLineSize]; // one string for both parts, converted once
+    memcpy(name, section->data(), section->size());
+    memcpy(name + section->size(), key.text, size_t(key.length));
+    values_.insert(ZrString(name, int(section->size()) + key.length),
+                   ZrString(value.text, value.length));
 }
 
 ZrColor ZrIniFile::colorValue(const ZrString &key) const

@@ -40,7 +40,9 @@ bool pairIsOn(WireReader &record, std::size_t offset)
 } // namespace
 
 MainViewManager::MainViewManager(ZrObject *parent)
-    : ZrObject(parent), authority_(AuthorityManager::instance()), cameras_(CameraModel::instance()),
+    : ZrObject(parent),
+      authority_(AuthorityManager::instance()),
+      cameras_(CameraModel::instance()),
       screen_(std::make_unique<ZrVideoScreen>(ZrApplication::instance()->desktopRect()))
 {
     instance_ = this;
@@ -233,7 +235,8 @@ void MainViewManager::savePreviewParam()
     ZrSetParam(PreviewParam::Kind, block, sizeof block);
 }
 
-// A session left open when the interface last ended is opened again, so that App and the panel agree.
+// A session left open when the interface last ended is opened again, so that App and the panel
+// agree.
 void MainViewManager::sendPtzSession()
 {
     ZrVector<std::uint8_t> block;

@@ -1,5 +1,5 @@
-// Owns the live view: decides which channels App decodes and where, keeps the preview parameter, and
-// answers App's acknowledgements. Widget thread only.
+// Owns the live view: decides which channels App decodes and where, keeps the preview parameter,
+// and answers App's acknowledgements. Widget thread only.
 #pragma once
 
 #include "live/live_records.h"

@@ -24,7 +24,7 @@ constexpr float FlagUnits = 20; // one icon's side
 constexpr float FlagTopUnits = 6;
 constexpr float NameMarginXUnits = 10; // from the edge of the cell, for names that go to a corner
 constexpr float NameMarginYUnits = 7;
-constexpr int RingReach = 2;          // a border's change touches that much on either side
+constexpr int RingReach = 2; // a border's change touches that much on either side
 
 // The colour of each border style, read once by the first cell.
 const ZrColor &borderColor(int style)
@@ -70,8 +70,11 @@ constexpr int VideoStatusTexts[] = {0,
 } // namespace
 
 MainViewVideo::MainViewVideo(ZrVideoScreen *screen)
-    : Video(screen), screen_(screen), nameLabel_(new VideoLabel(this, screen)),
-      stateLabel_(new VideoLabel(this, screen)), flagBox_(new RecordFlagBox(screen))
+    : Video(screen),
+      screen_(screen),
+      nameLabel_(new VideoLabel(this, screen)),
+      stateLabel_(new VideoLabel(this, screen)),
+      flagBox_(new RecordFlagBox(screen))
 {
     nameLabel_->setFont(ZrFont(fontUnits(NameFontUnits)), 0);
     nameLabel_->setAlignment(Zr::AlignLeft | Zr::AlignVCenter);
@@ -199,9 +202,9 @@ void MainViewVideo::refreshNameLabel()
         nameLabel_->setText(channel_->displayNameWithSub());
         placeNameLabel();
     }
-    const bool shown = channel_ && canBeShown() &&
-                       (channel_->isIp() ? channel_->osdPosition() != ZrChannel::NoName
-                                         : channel_->showName());
+    const bool shown =
+        channel_ && canBeShown() &&
+        (channel_->isIp() ? channel_->osdPosition() != ZrChannel::NoName : channel_->showName());
     nameLabel_->setWanted(shown && inUse_);
     overlaysChanged();
 }
@@ -220,8 +223,7 @@ void MainViewVideo::placeNameLabel()
     const bool lower = corner == ZrChannel::LowerLeft || corner == ZrChannel::LowerRight;
     const int marginX = fontUnits(NameMarginXUnits);
     const int marginY = fontUnits(NameMarginYUnits);
-    moveInside(*nameLabel_,
-               right ? geometry().width() - nameLabel_->width() - marginX : marginX,
+    moveInside(*nameLabel_, right ? geometry().width() - nameLabel_->width() - marginX : marginX,
                lower ? geometry().height() - nameLabel_->height() - marginY : marginY);
 }
 
@@ -283,7 +285,8 @@ void MainViewVideo::placeStateLabel()
     const int wanted = ZrFontMetrics(stateLabel_->text(), ZrFont(size), 0, 0).sizeHint().width();
     if (wanted > widest && !stateLabel_->text().isEmpty()) {
         const int average = std::max(wanted / stateLabel_->text().size(), 1);
-        size = std::max(size - ((wanted - widest) / average + 1), fontUnits(SmallestStateFontUnits));
+        size =
+            std::max(size - ((wanted - widest) / average + 1), fontUnits(SmallestStateFontUnits));
     }
     stateLabel_->setFont(ZrFont(size), 0);
     const ZrSize hint = stateLabel_->sizeHint();

@@ -61,7 +61,7 @@ private:
 
     ZrVideoScreen *screen_;
     ZrChannel *channel_ = nullptr;
-    VideoLabel *nameLabel_;   // children of the screen
+    VideoLabel *nameLabel_; // children of the screen
     VideoLabel *stateLabel_;
     RecordFlagBox *flagBox_;
     BorderStyle borderStyle_ = Unused;

@@ -75,9 +75,8 @@ void RecordFlagBox::paintEvent(ZrPaintEvent *)
         const Icon &icon = Icons[i];
         if (!flags_[icon.flag] || image(i).isNull())
             continue;
-        painter.drawScaledPixmap(ZrRect(icon.column * width() / Columns,
-                                        icon.row * height() / Rows, width() / Columns,
-                                        height() / Rows),
+        painter.drawScaledPixmap(ZrRect(icon.column * width() / Columns, icon.row * height() / Rows,
+                                        width() / Columns, height() / Rows),
                                  image(i));
     }
 }

@@ -29,8 +29,8 @@ extern const SplitMode SplitModes[SplitModeCount];
 constexpr int RegularModes[] = {1, 4, 7, 11, 14, 16, 18, 19, 20, 21, 22};
 constexpr int UnevenModes[] = {2, 3, 5, 6, 8, 9, 10, 12, 13, 15, 17};
 
-// How many of a menu's list a device with that many channels offers: the list ends at the first mode
-// that needs more. A mode that needs 12 stays on a device of 10.
+// How many of a menu's list a device with that many channels offers: the list ends at the first
+// mode that needs more. A mode that needs 12 stays on a device of 10.
 int offeredRegularModes(int channelCount);
 int offeredUnevenModes(int channelCount);
 // Channels that a mode needs to be offered; an id above the catalogue needs 4.

@@ -1,5 +1,5 @@
-// A cell of a video screen: an object with a rectangle of its own and no widget, so that up to 64 of
-// them stay off the widget tree. The screen hands it its mouse, paint, show and hide events.
+// A cell of a video screen: an object with a rectangle of its own and no widget, so that up to 64
+// of them stay off the widget tree. The screen hands it its mouse, paint, show and hide events.
 #pragma once
 
 #include <zrobject>

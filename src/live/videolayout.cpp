@@ -77,7 +77,8 @@ namespace
 // The rectangle between the lines of a block of cells; its corners are inclusive.
 ZrRect between(const ZrList<int> &x, const ZrList<int> &y, int row, int column, int span)
 {
-    return ZrRect::fromEdges(x.at(column), y.at(row), x.at(column + span) - 1, y.at(row + span) - 1);
+    return ZrRect::fromEdges(x.at(column), y.at(row), x.at(column + span) - 1,
+                             y.at(row + span) - 1);
 }
 
 } // namespace

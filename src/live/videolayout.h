@@ -30,7 +30,8 @@ struct GridLines {
     ZrList<int> framebuffer; // relative to the grid's origin, in framebuffer pixels
 };
 // `origin` and `extent` in framebuffer pixels, `scale` framebuffer pixels for each display pixel.
-GridLines gridLines(int origin, int extent, int count, float scale, const VideoGridMetrics &metrics);
+GridLines gridLines(int origin, int extent, int count, float scale,
+                    const VideoGridMetrics &metrics);
 
 class VideoLayout : public ZrObject
 {

@@ -26,8 +26,8 @@ void ZrVideoScreen::applyPreviewRecord(WireReader record)
         toggleFullScreen();
 }
 
-// Each cell takes the channel that the record names, unless it is taken, absent or without a camera;
-// what is left over fills the empty cells.
+// Each cell takes the channel that the record names, unless it is taken, absent or without a
+// camera; what is left over fills the empty cells.
 void ZrVideoScreen::bindChannels(WireReader &record)
 {
     const int slots = channelCount();
@@ -59,7 +59,8 @@ void ZrVideoScreen::bindChannels(WireReader &record)
         cells_.at(i)->setChannel(placed.at(i));
 }
 
-// The stored mode, or the largest that the slots fill when it would leave three cells or more empty.
+// The stored mode, or the largest that the slots fill when it would leave three cells or more
+// empty.
 int ZrVideoScreen::modeFor(int stored) const
 {
     const int last = ZrVideoScreenLayoutManager::instance()->count() - 1;
@@ -110,8 +111,8 @@ void ZrVideoScreen::fillPreviewRecord(WireWriter &record) const
         .u8(PreviewParam::OffsetFullScreen, currentLayout_ != userLayout_);
 }
 
-// Cells whose camera went become empty, the others keep their place; a camera that came takes its own
-// cell if that is free, else the first free one.
+// Cells whose camera went become empty, the others keep their place; a camera that came takes its
+// own cell if that is free, else the first free one.
 void ZrVideoScreen::onChannelsChanged()
 {
     bool moved = false;

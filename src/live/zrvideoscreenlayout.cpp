@@ -1,7 +1,9 @@
 #include "live/zrvideoscreenlayout.h"
 
 ZrVideoScreenLayout::ZrVideoScreenLayout(int rows, int columns, ZrObject *parent)
-    : ZrObject(parent), rows_(std::uint8_t(rows)), columns_(std::uint8_t(columns)),
+    : ZrObject(parent),
+      rows_(std::uint8_t(rows)),
+      columns_(std::uint8_t(columns)),
       cellCount_(std::uint8_t(rows * columns))
 {
     for (int i = 0; i < rows * columns; ++i)

@@ -15,7 +15,8 @@ public:
     // 1 a plain cell, 0 covered by a merged block, n the top left of a block of n x n; 0 outside.
     int spanAt(int row, int column) const;
     bool isMerged() const { return cellCount_ != rows_ * columns_; }
-    // Grows the block at (row, column) to span x span. What does not fit the matrix changes nothing.
+    // Grows the block at (row, column) to span x span. What does not fit the matrix changes
+    // nothing.
     void merge(int row, int column, int span);
 
 private:

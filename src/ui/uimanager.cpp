@@ -45,8 +45,8 @@ UiManager::UiManager(ZrObject *application, const UiManagerParts &parts) : ZrObj
 {
     instance_ = this;
     ZrDate::setDateMode(usePersianDate() ? Zr::Persian : Zr::Gregorian);
-    ZrFontMetrics::setFontFile(
-        resolveResourcePath(ZrString("font/yahei_arial_gothic_unicode.ttf")), FontCacheBytes);
+    ZrFontMetrics::setFontFile(resolveResourcePath(ZrString("font/yahei_arial_gothic_unicode.ttf")),
+                               FontCacheBytes);
     createModules(parts.modules);
     appSetReceiver(this);
     loadGeneralParams();

@@ -13,7 +13,7 @@ constexpr int AccountKind = 22;
 constexpr std::size_t AccountRecordSize = 848;
 constexpr int AccountEntries = 8; // the first seven are used
 constexpr int AccountCount = 7;
-constexpr std::size_t OffsetDeviceId = 800;     // u32, this recorder's address for remotes
+constexpr std::size_t OffsetDeviceId = 800;      // u32, this recorder's address for remotes
 constexpr std::size_t OffsetAutoLoginUser = 840; // index of the user to log in by itself
 constexpr std::size_t OffsetRemoteId = 844;
 

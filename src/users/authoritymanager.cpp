@@ -13,7 +13,7 @@ AuthorityManager *AuthorityManager::instance_ = nullptr;
 namespace
 {
 
-constexpr int NoUser = 255;        // as App counts them
+constexpr int NoUser = 255; // as App counts them
 constexpr int UserLogClass = 3;
 constexpr int LoginLogged = 0;
 constexpr int LogoutLogged = 1;
@@ -70,7 +70,8 @@ int AuthorityManager::readAccounts()
 void AuthorityManager::loadAccounts()
 {
     readAccounts();
-    ZrSingleShotTimer::singleShot(RecheckDelayMs, this, zrSlot<&AuthorityManager::checkCurrentUser>);
+    ZrSingleShotTimer::singleShot(RecheckDelayMs, this,
+                                  zrSlot<&AuthorityManager::checkCurrentUser>);
 }
 
 void AuthorityManager::checkCurrentUser()
@@ -114,5 +115,6 @@ void AuthorityManager::log(int event) const
     record.u8(0, UserLogClass)
         .u8(1, std::uint8_t(event))
         .u8(2, std::uint8_t(currentUser_ ? currentUser_->index() - 1 : NoUser));
-    appSend(AppMain::system, AppSystem::userStateChange, record.data(), std::uint32_t(record.size()));
+    appSend(AppMain::system, AppSystem::userStateChange, record.data(),
+            std::uint32_t(record.size()));
 }

@@ -25,11 +25,18 @@ ZrBitArray channelBits(std::uint32_t mask, int channelCount)
 } // namespace
 
 User::User(int index, int channelCount, ZrObject *parent)
-    : ZrObject(parent), rights_(RightCount, index == AdministratorIndex),
-      liveChannels_(channelCount, index == AdministratorIndex), playbackChannels_(liveChannels_),
-      ptzChannels_(liveChannels_), backupChannels_(liveChannels_), index_(index),
-      enabled_(index == AdministratorIndex), liveAllowed_(enabled_), playbackAllowed_(enabled_),
-      ptzAllowed_(enabled_), backupAllowed_(enabled_)
+    : ZrObject(parent),
+      rights_(RightCount, index == AdministratorIndex),
+      liveChannels_(channelCount, index == AdministratorIndex),
+      playbackChannels_(liveChannels_),
+      ptzChannels_(liveChannels_),
+      backupChannels_(liveChannels_),
+      index_(index),
+      enabled_(index == AdministratorIndex),
+      liveAllowed_(enabled_),
+      playbackAllowed_(enabled_),
+      ptzAllowed_(enabled_),
+      backupAllowed_(enabled_)
 {
 }
 

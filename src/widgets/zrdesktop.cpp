@@ -205,7 +205,8 @@ ZrWidget *ZrDesktop::routed(ZrWidget *hit) const
     ZrWidget *over = activePopup();
     if (!over)
         over = modalWidget();
-    // Inside the window in force the widget that was hit gets the event; outside, the window itself.
+    // Inside the window in force the widget that was hit gets the event; outside, the window
+    // itself.
     if (!over || (hit && over->isAncestorOf(hit)))
         return hit;
     return over;

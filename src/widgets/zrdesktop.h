@@ -1,8 +1,8 @@
 // The application's widget side: window stack, focus, and where pointer and key events go.
 //
-// Pointer data comes in raw, from the mouse thread by way of the event queue; what leaves are press,
-// release, double click, move, wheel, enter, leave and hover events in each receiver's coordinates.
-// Widget thread only.
+// Pointer data comes in raw, from the mouse thread by way of the event queue; what leaves are
+// press, release, double click, move, wheel, enter, leave and hover events in each receiver's
+// coordinates. Widget thread only.
 #pragma once
 
 #include <zrapplication>

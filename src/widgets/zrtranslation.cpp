@@ -15,12 +15,11 @@ namespace
 
 // The numbers are stored in devices: the order never changes.
 const char *const LanguageNames[ZrTranslation::LanguageCount] = {
-    "chinese",    "chinese_complex", "czech",    "danish",     "english",  "finnish",
-    "french",     "german",          "greek",    "hebrew",     "hungarian", "italian",
-    "japanese",   "polish",          "portuguese", "russian",  "spanish",  "thai",
-    "slovenia",   "romanian",        "bulgarian", "arabic",    "hindi",    "vietnam",
-    "holland",    "turkey",          "persion",  "svenska",    "korean",   "indonesia",
-    "brazile",    "flemish",         "ukrainian", "slovak"};
+    "chinese",    "chinese_complex", "czech",   "danish",    "english",   "finnish",  "french",
+    "german",     "greek",           "hebrew",  "hungarian", "italian",   "japanese", "polish",
+    "portuguese", "russian",         "spanish", "thai",      "slovenia",  "romanian", "bulgarian",
+    "arabic",     "hindi",           "vietnam", "holland",   "turkey",    "persion",  "svenska",
+    "korean",     "indonesia",       "brazile", "flemish",   "ukrainian", "slovak"};
 
 using Texts = ZrHash<std::uint32_t, ZrString>;
 
@@ -96,8 +95,8 @@ ZrStringList ZrTranslation::languageFiles()
 {
     ZrStringList files;
     for (const char *name : LanguageNames)
-        files.append(ZrString("%1%2%3").arg(ZrString("tran_")).arg(ZrString(name)).arg(
-            ZrString(".xml")));
+        files.append(
+            ZrString("%1%2%3").arg(ZrString("tran_")).arg(ZrString(name)).arg(ZrString(".xml")));
     return files;
 }
 

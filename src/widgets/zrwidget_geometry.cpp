@@ -25,14 +25,15 @@ void ZrWidget::setGeometry(const ZrRect &geometry)
 void ZrWidget::move(const ZrPoint &topLeft)
 {
     setGeometry(ZrRect::fromEdges(topLeft.x(), topLeft.y(), topLeft.x() + width_ - 1,
-                       topLeft.y() + height_ - 1));
+                                  topLeft.y() + height_ - 1));
 }
 
 void ZrWidget::resize(const ZrSize &size)
 {
     setAttribute(ResizedByRequest);
-    setGeometry(ZrRect::fromEdges(geometry_.left(), geometry_.top(), geometry_.left() + size.width() - 1,
-                       geometry_.top() + size.height() - 1));
+    setGeometry(ZrRect::fromEdges(geometry_.left(), geometry_.top(),
+                                  geometry_.left() + size.width() - 1,
+                                  geometry_.top() + size.height() - 1));
 }
 
 ZrSize ZrWidget::sizeHint() const
@@ -174,8 +175,8 @@ void ZrWidget::setContentsMargins(int left, int top, int right, int bottom)
 
 ZrRect ZrWidget::contentsRect() const
 {
-    return ZrRect::fromEdges(contentsMargins_.left, contentsMargins_.top, width_ - contentsMargins_.right,
-                  height_ - contentsMargins_.bottom);
+    return ZrRect::fromEdges(contentsMargins_.left, contentsMargins_.top,
+                             width_ - contentsMargins_.right, height_ - contentsMargins_.bottom);
 }
 
 ZrPoint ZrWidget::mapToWindow(const ZrPoint &point) const

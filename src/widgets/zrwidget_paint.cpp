@@ -75,8 +75,8 @@ void ZrWidget::showTree(const ZrSize &shownSize)
         const ZrSize hint = sizeHint();
         width_ = std::max(hint.width(), 0);
         height_ = std::max(hint.height(), 0);
-        geometry_ = ZrRect::fromEdges(geometry_.left(), geometry_.top(), geometry_.left() + width_ - 1,
-                           geometry_.top() + height_ - 1);
+        geometry_ = ZrRect::fromEdges(geometry_.left(), geometry_.top(),
+                                      geometry_.left() + width_ - 1, geometry_.top() + height_ - 1);
         ZrResizeEvent resized(shownSize, ZrSize(-1, -1));
         ZrApplication::notify(this, &resized);
     }
@@ -177,17 +177,20 @@ void ZrWidget::setHoleRegion(const ZrRegion &region)
     update(changed);
 }
 
+// The widget's own hole, cut to the widget, on the screen.
+ZrRegion ZrWidget::holeOnScreen() const
+{
+    if (!(widgetFlags_ & HasHole))
+        return ZrRegion();
+    const ZrPoint origin = mapToGlobal(ZrPoint(0, 0));
+    return (holeRegion_ & ZrRegion(rect())).translated(origin.x(), origin.y());
+}
+
 void ZrWidget::subtractHoles(ZrRegion &area) const
 {
     if (!isVisible() || area.isEmpty())
         return;
-    if (widgetFlags_ & HasHole) {
-        ZrRegion hole = holeRegion_;
-        hole &= rect();
-        const ZrPoint origin = mapToGlobal(ZrPoint(0, 0));
-        hole.translate(origin.x(), origin.y());
-        area -= hole;
-    }
+    area -= holeOnScreen();
     forEachChildWidget([&area](ZrWidget &child) { child.subtractHoles(area); });
 }
 
@@ -195,13 +198,7 @@ void ZrWidget::addHoles(ZrRegion &holes) const
 {
     if (!isVisible())
         return;
-    if (widgetFlags_ & HasHole) {
-        ZrRegion hole = holeRegion_;
-        hole &= rect();
-        const ZrPoint origin = mapToGlobal(ZrPoint(0, 0));
-        hole.translate(origin.x(), origin.y());
-        holes += hole;
-    }
+    holes += holeOnScreen();
     forEachChildWidget([&holes](ZrWidget &child) { child.addHoles(holes); });
 }
 

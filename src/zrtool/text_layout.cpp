@@ -5,6 +5,7 @@
 #include <zrnamespace>
 
 #include <algorithm>
+#include <climits>
 
 namespace zrtool
 {
@@ -115,7 +116,7 @@ int TextLayout::endOfLine(int from) const
 {
     const std::vector<Cluster> &clusters = shaped_->clusters();
     const int count = shaped_->clusterCount();
-    const int most = options_.wrap && !options_.area.isEmpty() ? options_.area.width() : INT32_MAX;
+    const int most = options_.wrap && options_.area.width() > 0 ? options_.area.width() : INT_MAX;
     long long width = 0;
     int possible = from; // the last place where the line may end
     for (int i = from; i < count; i++) {
@@ -145,38 +146,50 @@ void TextLayout::breakLines()
         lines_.push_back({count, count, ZrRect()});
 }
 
+int TextLayout::topOfLines(int height) const
+{
+    const ZrRect &area = options_.area;
+    if (area.height() <= 0 || !(options_.alignment & (Zr::AlignBottom | Zr::AlignVCenter)))
+        return area.top();
+    const int room = area.height() - height;
+    return area.top() + (options_.alignment & Zr::AlignBottom ? room : room / 2);
+}
+
+int TextLayout::leftOfLine(int firstCluster, int width) const
+{
+    const ZrRect &area = options_.area;
+    const int room = area.width() - width;
+    if (area.width() <= 0)
+        return area.left();
+    if (room < 0) {
+        const bool fromRight = firstCluster < shaped_->clusterCount() &&
+                               shaped_->clusters()[std::size_t(firstCluster)].baseLevel % 2;
+        return area.left() + (fromRight ? room : 0);
+    }
+    if (options_.alignment & Zr::AlignRight)
+        return area.left() + room;
+    return area.left() + (options_.alignment & Zr::AlignHCenter ? room / 2 : 0);
+}
+
 void TextLayout::placeLines()
 {
-    const ZrFont font = shaped_->font();
-    const int lineHeight = ZrFontMetrics::lineHeight(font);
+    const int lineHeight = ZrFontMetrics::lineHeight(shaped_->font());
     const std::vector<Cluster> &clusters = shaped_->clusters();
     const int height = lineHeight * int(lines_.size());
-    int y = options_.area.top();
-    if (options_.alignment & Zr::AlignBottom)
-        y += options_.area.height() - height;
-    else if (options_.alignment & Zr::AlignVCenter)
-        y += (options_.area.height() - height) / 2;
+    int y = topOfLines(height);
     int widest = 0;
     paintInfo_.reserve(int(lines_.size()));
     for (TextLine &line : lines_) {
         int end = line.to;
-        while (end > line.from && (clusters[std::size_t(end) - 1].lineEnd ||
-                                   (options_.wrap && clusters[std::size_t(end) - 1].space)))
+        const auto takesNoRoom = [&](const Cluster &cluster) {
+            return cluster.lineEnd || (options_.wrap && cluster.space);
+        };
+        while (end > line.from && takesNoRoom(clusters[std::size_t(end) - 1]))
             end--;
         int width = end > line.from ? -options_.letterSpacing : 0;
         for (int i = line.from; i < end; i++)
             width += widthOf(i);
-        const bool fromRight =
-            line.from < shaped_->clusterCount() && clusters[std::size_t(line.from)].baseLevel % 2;
-        const int room = options_.area.width() - width;
-        int x = options_.area.left();
-        if (room < 0 && !options_.area.isEmpty())
-            x += fromRight ? room : 0;
-        else if (options_.alignment & Zr::AlignRight)
-            x += room;
-        else if (options_.alignment & Zr::AlignHCenter)
-            x += room / 2;
-        line.rect = ZrRect(x, y, width, lineHeight);
+        line.rect = ZrRect(leftOfLine(line.from, width), y, width, lineHeight);
         addPaintInfo({line.from, end, line.rect});
         widest = std::max(widest, width);
         y += lineHeight;

@@ -60,6 +60,8 @@ private:
     ~TextLayout();
     void breakLines();
     int endOfLine(int from) const;
+    int topOfLines(int height) const;
+    int leftOfLine(int firstCluster, int width) const;
     void placeLines();
     void addPaintInfo(const TextLine &line);
 

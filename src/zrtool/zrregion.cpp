@@ -396,7 +396,7 @@ ZrRegion ZrRegion::fromRects(const ZrRect *rects, int count)
 
 ZrRegion &ZrRegion::operator=(const ZrRegion &other)
 {
-    other.d->ref.ref();
+    other.d->ref.ref(); // first: it may be this one
     release(std::exchange(d, other.d));
     return *this;
 }

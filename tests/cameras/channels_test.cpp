@@ -67,11 +67,11 @@ TEST(Channels, NamesCarryTheSignalFamilyOrTheLens)
         int videoType, kind, subChannel;
         const char *name, *expected;
     } rows[] = {
-        {false, 4, 0, 0, "Gate", "A-Gate"},   {false, 13, 0, 0, "Gate", "T-Gate"},
-        {false, 19, 0, 0, "Gate", "C-Gate"},  {false, 17, 0, 0, "Gate", "A-Gate"},
-        {false, 11, 0, 0, "Gate", "Gate"},    {false, 200, 0, 0, "Gate", "Gate"},
-        {false, 0, 0, 0, "", "default"},      {true, 4, 0, 0, "Gate", "Gate"},
-        {true, 0, 21, 1, "Gate", "Gate-2"},   {true, 0, 22, 0, "", "default-1"},
+        {false, 4, 0, 0, "Gate", "A-Gate"},  {false, 13, 0, 0, "Gate", "T-Gate"},
+        {false, 19, 0, 0, "Gate", "C-Gate"}, {false, 17, 0, 0, "Gate", "A-Gate"},
+        {false, 11, 0, 0, "Gate", "Gate"},   {false, 200, 0, 0, "Gate", "Gate"},
+        {false, 0, 0, 0, "", "default"},     {true, 4, 0, 0, "Gate", "Gate"},
+        {true, 0, 21, 1, "Gate", "Gate-2"},  {true, 0, 22, 0, "", "default-1"},
         {true, 0, 24, 1, "Gate", "Gate"},
     };
     for (const auto &row : rows) {

@@ -21,32 +21,16 @@ constexpr std::size_t Request = 12;
 
 // In this order, nothing between.
 const Expected Boot[] = {
-    {1000, 0, 8, -1},
-    {600, 4, 613760, -1},
-    {600, 3, 0, -1},
-    {600, 14, 0, -1},
-    {600, 10, 611276, -1},
-    {1000, 104, 0, -1},
-    {600, 11, 2480, -1},
-    {1000, 105, 0, -1},
-    {1000, 33, 0, -1},
-    {600, 0, Request, 21}, // the translation
-    {600, 0, Request, 22}, // the accounts
-    {1000, 41, 4, -1},
-    {1000, 27, 4, -1},
-    {600, 0, Request, 32}, // the cameras
-    {600, 0, Request, 11},
-    {600, 0, Request, 24}, // the live view
-    {600, 0, Request, 12},
-    {600, 0, Request, 17},
-    {500, 1, 9, -1},
-    {100, 0, 820, -1},
+    {1000, 0, 8, -1},      {600, 4, 613760, -1},  {600, 3, 0, -1},       {600, 14, 0, -1},
+    {600, 10, 611276, -1}, {1000, 104, 0, -1},    {600, 11, 2480, -1},   {1000, 105, 0, -1},
+    {1000, 33, 0, -1},     {600, 0, Request, 21},                        // the translation
+    {600, 0, Request, 22},                                               // the accounts
+    {1000, 41, 4, -1},     {1000, 27, 4, -1},     {600, 0, Request, 32}, // the cameras
+    {600, 0, Request, 11}, {600, 0, Request, 24},                        // the live view
+    {600, 0, Request, 12}, {600, 0, Request, 17}, {500, 1, 9, -1},       {100, 0, 820, -1},
     {600, 0, Request, 21}, // the general settings, with App's messages already becoming events
     {600, 0, Request, 21}, // and the language by them
-    {600, 0, Request, 12},
-    {600, 0, Request, 50},
-    {1000, 4, 4, -1},
-    {600, 9, AnyLength, -1},
+    {600, 0, Request, 12}, {600, 0, Request, 50}, {1000, 4, 4, -1},      {600, 9, AnyLength, -1},
 };
 
 } // namespace
@@ -133,9 +117,10 @@ TEST(SlowBoot, ARequestThatAppMissesIsRepeatedWithANewNumber)
     const auto second = recorder.app().waitMessage(1000, 104, 2);
     EXPECT_GT(second->head.seqNumber, first->head.seqNumber);
     EXPECT_TRUE(recorder.app().waitMessage(100, 0)) << "and the start goes on";
-    const std::string line = "[GUI]: BlockWaiting data timeout(MainType:1000, SubType:104, "
-                             "seqNumber:" + std::to_string(first->head.seqNumber) +
-                             "), request again, new seqNumber:" +
-                             std::to_string(second->head.seqNumber) + " .\n";
+    const std::string line =
+        "[GUI]: BlockWaiting data timeout(MainType:1000, SubType:104, "
+        "seqNumber:" +
+        std::to_string(first->head.seqNumber) +
+        "), request again, new seqNumber:" + std::to_string(second->head.seqNumber) + " .\n";
     EXPECT_NE(recorder.output().find(line), std::string::npos) << recorder.output();
 }

@@ -178,10 +178,11 @@ TEST_F(Live, AppMovesThePointerToo)
 TEST_F(Live, ACameraThatGoesGetsItsTextAndAnOldOneItsSetAnew)
 {
     const ZrRect cell = recorder->cell(3);
-    const ZrRect center(cell.left() + cell.width() / 2 - 40, cell.top() + cell.height() / 2 - 16, 80,
-                        32);
+    const ZrRect center(cell.left() + cell.width() / 2 - 40, cell.top() + cell.height() / 2 - 16,
+                        80, 32);
     ASSERT_EQ(opaquePixels(*recorder, center), 0);
-    recorder->app().change([](SimDevice &device) { device.channel(3).state = SimChannel::NoCamera; });
+    recorder->app().change(
+        [](SimDevice &device) { device.channel(3).state = SimChannel::NoCamera; });
     EXPECT_TRUE(waitUntil([&] { return opaquePixels(*recorder, center) > 50; }));
     recorder->app().change([](SimDevice &device) { device.channel(3).state = SimChannel::Online; });
     EXPECT_TRUE(waitUntil([&] { return opaquePixels(*recorder, center) == 0; }));
@@ -244,8 +245,9 @@ TEST(LiveSizes, OtherScreensAndModesAgreeToo)
         ZrRegion covered;
         for (std::uint32_t i = 0; i < pictures.count; ++i)
             covered += recorder.cell(int(i));
-        EXPECT_TRUE(ZrRect(0, 0, 1280, 720).contains(ZrPoint(covered.boundingRect().right(),
-                                                             covered.boundingRect().bottom())));
+        EXPECT_TRUE(ZrRect(0, 0, 1280, 720)
+                        .contains(ZrPoint(covered.boundingRect().right(),
+                                          covered.boundingRect().bottom())));
         EXPECT_EQ(pictures.count, std::min<std::uint32_t>(pictures.cellCount, 16)) << mode;
     }
 }

@@ -19,7 +19,8 @@ namespace
 
 constexpr int LookEveryMs = 2;
 
-// In the child: the interface with the board as its root, in the data directory, its lines in a file.
+// In the child: the interface with the board as its root, in the data directory, its lines in a
+// file.
 [[noreturn]] void runInterface(const std::string &root)
 {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
@@ -77,7 +78,8 @@ bool Recorder::startLive()
     start();
     if (!app_->waitMessage(AppMain::liveView, AppLiveView::setPictures))
         return false;
-    // The last thing of the first flush is the hole: a border stands, and beside it the video shows.
+    // The last thing of the first flush is the hole: a border stands, and beside it the video
+    // shows.
     return waitUntil([this] {
         const ZrRect first = cell(0);
         const ZrRect last = cell(int(pictures().count) - 1);

@@ -63,8 +63,8 @@ TEST(SplitModes, TheBestModeIsTheFirstThatIsLargeEnough)
         int count;
         Merged merged;
         int mode;
-    } rows[] = {{1, Merged::Refused, 0},  {5, Merged::Refused, 4},   {5, Merged::Allowed, 2},
-                {9, Merged::Refused, 4},  {13, Merged::Allowed, 8},  {13, Merged::Refused, 11},
+    } rows[] = {{1, Merged::Refused, 0},   {5, Merged::Refused, 4},  {5, Merged::Allowed, 2},
+                {9, Merged::Refused, 4},   {13, Merged::Allowed, 8}, {13, Merged::Refused, 11},
                 {64, Merged::Allowed, 22}, {65, Merged::Allowed, 0}};
     for (const auto &row : rows)
         EXPECT_EQ(modes().bestModeFor(row.count, row.merged), row.mode) << row.count;
@@ -76,7 +76,8 @@ TEST(SplitModes, MenusEndAtTheFirstModeThatNeedsMoreChannels)
         int channels;
         int lastRegular; // mode id
         int unevenCount;
-    } rows[] = {{4, 1, 0}, {8, 4, 2}, {10, 7, 4}, {12, 7, 4}, {16, 11, 7}, {32, 18, 11}, {64, 22, 11}};
+    } rows[] = {{4, 1, 0},   {8, 4, 2},    {10, 7, 4},  {12, 7, 4},
+                {16, 11, 7}, {32, 18, 11}, {64, 22, 11}};
     for (const auto &row : rows) {
         const int offered = live::offeredRegularModes(row.channels);
         ASSERT_GT(offered, 0) << row.channels;
@@ -111,8 +112,8 @@ TEST(VideoGrid, RoundingGoesToTheNearestHalvesUpward)
     const struct {
         float value;
         int rounded;
-    } rows[] = {{0, 0},        {0.49f, 0},   {0.5f, 1},   {1.5f, 2},  {-0.25f, 0},
-                {-0.5f, 0},    {-0.75f, -1}, {-1.5f, -1}, {-2.0f, -2}, {-2.6f, -3}};
+    } rows[] = {{0, 0},     {0.49f, 0},   {0.5f, 1},   {1.5f, 2},   {-0.25f, 0},
+                {-0.5f, 0}, {-0.75f, -1}, {-1.5f, -1}, {-2.0f, -2}, {-2.6f, -3}};
     for (const auto &row : rows)
         EXPECT_EQ(roundHalfUp(row.value), row.rounded) << row.value;
 }

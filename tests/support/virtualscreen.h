@@ -1,5 +1,5 @@
-// A screen for tests: a virtual framebuffer in a temporary folder, an application on it, and a clock
-// of the test's own. Destroy everything that lives on the application first.
+// A screen for tests: a virtual framebuffer in a temporary folder, an application on it, and a
+// clock of the test's own. Destroy everything that lives on the application first.
 #pragma once
 
 #include "core/zrtimercore.h"

@@ -46,9 +46,12 @@ TEST(Ui, MessagesGoToTheirSubjects)
     const struct {
         std::uint16_t main, sub;
         int event; // 0 for nobody
-    } rows[] = {{100, 0, LiveViewEvent},       {100, 65535, LiveViewEvent},
-                {1000, 56, CameraStatusEvent}, {1000, 19, CameraStatusEvent},
-                {1000, 138, 0},                {600, 0, 0},
+    } rows[] = {{100, 0, LiveViewEvent},
+                {100, 65535, LiveViewEvent},
+                {1000, 56, CameraStatusEvent},
+                {1000, 19, CameraStatusEvent},
+                {1000, 138, 0},
+                {600, 0, 0},
                 {12, 0, 0}};
     for (const auto &row : rows) {
         const MessageRoute *route = findRoute(row.main, row.sub);

@@ -55,7 +55,10 @@ protected:
         event->accept();
     }
     void mouseMoveEvent(ZrMouseEvent *event) override { note("move", event->position()); }
-    void wheelEvent(ZrWheelEvent *event) override { *log_ += name_ + ":wheel" + std::to_string(event->delta()) + " "; }
+    void wheelEvent(ZrWheelEvent *event) override
+    {
+        *log_ += name_ + ":wheel" + std::to_string(event->delta()) + " ";
+    }
     void enterEvent(ZrEvent *) override { *log_ += name_ + ":enter "; }
     void leaveEvent(ZrEvent *) override { *log_ += name_ + ":leave "; }
     void showEvent(ZrShowEvent *) override { *log_ += name_ + ":show "; }
@@ -254,8 +257,8 @@ TEST_F(Widgets, ClippedRepaintEqualsAFullOne)
     screen->settle();
     const std::vector<std::uint16_t> full = screen->picture();
     for (int round = 0; round < 50; ++round) {
-        window.update(ZrRect(int(random() % Width), int(random() % Height),
-                             int(random() % 100) + 1, int(random() % 100) + 1));
+        window.update(ZrRect(int(random() % Width), int(random() % Height), int(random() % 100) + 1,
+                             int(random() % 100) + 1));
         screen->settle();
         ASSERT_EQ(screen->picture(), full) << "round " << round;
     }

@@ -207,6 +207,15 @@ TEST_F(Layout, AlignsLinesInTheirArea)
         const int baseline = line.y - (line.glyphs.first()->descent + font.pointSize() / 8 + 1);
         EXPECT_EQ(baseline, c.y + ZrFontMetrics::ascent(font));
     }
+    // Without an area there is nothing to be aligned in, and a width alone wraps.
+    ZrFontMetrics bare("abc", font);
+    bare.setAlignment(Zr::AlignRight | Zr::AlignBottom);
+    EXPECT_EQ(bare.lineRects().first().topLeft(), ZrPoint(0, 0));
+    ZrFontMetrics narrow("abc abc", font, size.width() + 3);
+    narrow.setAlignment(68);
+    narrow.setWorpWrap(true);
+    EXPECT_EQ(narrow.lineRects().size(), 2);
+    EXPECT_EQ(narrow.lineRects().first().topLeft(), ZrPoint(1, 0));
     metrics.setTextMinRect(0, 0, 10, 10);
     metrics.setAlignment(Zr::AlignHCenter);
     EXPECT_EQ(metrics.lineRects().first().left(), 0); // too wide: from where the text begins

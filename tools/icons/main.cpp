@@ -113,7 +113,8 @@ Picture drawPointer(const std::vector<Point> &grid, int side)
 {
     std::vector<Point> outline;
     for (const Point &corner : grid)
-        outline.push_back({corner.x * float(side) / PointerGrid, corner.y * float(side) / PointerGrid});
+        outline.push_back(
+            {corner.x * float(side) / PointerGrid, corner.y * float(side) / PointerGrid});
     Picture picture(side, side);
     const float rim = float(side) / PointerGrid;
     for (int y = 0; y < side; ++y) {

@@ -18,10 +18,11 @@ std::unique_ptr<ZrCanvas> readBmp(EncodedBytes bytes)
         std::fputs("ZrImage(): BMP cannot be decoded\n", stderr);
         return nullptr;
     }
-    auto canvas = makeCanvas(uint32_t(bitmap.width()), uint32_t(bitmap.height()));
-    if (canvas) {
-        std::memcpy(canvas->data(), pixels.constData(), size_t(pixels.size()));
-        canvas->isOpaque();
-    }
-    return canvas;
+    DecodedCanvas canvas;
+    if (!canvas.make(uint32_t(bitmap.width()), uint32_t(bitmap.height())))
+        return nullptr;
+    std::memcpy(canvas->data(), pixels.constData(), size_t(pixels.size()));
+    canvas.setRowsWritten(bitmap.height());
+    canvas->isOpaque();
+    return canvas.take();
 }

@@ -22,5 +22,26 @@ std::unique_ptr<ZrCanvas> readJpeg(EncodedBytes bytes);
 std::unique_ptr<ZrCanvas> readBmp(EncodedBytes bytes);
 
 bool isAllowedSize(uint64_t width, uint64_t height);
-// Transparent pixels of a size that is allowed; null without memory.
-std::unique_ptr<ZrCanvas> makeCanvas(uint32_t width, uint32_t height);
+
+// The canvas that a decoder writes from the top. What it does not reach is transparent in the end,
+// yet pixels that are written anyway are not cleared first, and a large claim costs no memory until
+// rows come.
+class DecodedCanvas
+{
+public:
+    // False without memory.
+    bool make(uint32_t width, uint32_t height);
+    ZrCanvas *operator->() const { return canvas_.get(); }
+    explicit operator bool() const { return canvas_ != nullptr; }
+    uint8_t *row(int y) const;
+    // All rows above this one have been written.
+    void setRowsWritten(int rows) { rowsWritten_ = rows; }
+    // For a decoder that does not go from the top.
+    void clear();
+    std::unique_ptr<ZrCanvas> take();
+
+private:
+    std::unique_ptr<ZrCanvas> canvas_;
+    int rowsWritten_ = 0;
+    bool isClear_ = false;
+};

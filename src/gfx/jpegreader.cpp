@@ -21,7 +21,7 @@ struct JpegDecoder {
     jpeg_error_mgr errors;
     jpeg_progress_mgr progress;
     std::jmp_buf wayOut;
-    std::unique_ptr<ZrCanvas> canvas;
+    DecodedCanvas canvas;
     bool isExhausted = false;
     boolean (*fillBuffer)(j_decompress_ptr) = nullptr;
 
@@ -83,13 +83,11 @@ bool JpegDecoder::readHeader(EncodedBytes bytes)
     info.out_color_space = JCS_EXT_RGBA;
     // A colour space that does not convert, as CMYK, is refused here.
     jpeg_start_decompress(&info);
-    canvas = makeCanvas(info.output_width, info.output_height);
-    return canvas != nullptr;
+    return canvas.make(info.output_width, info.output_height);
 }
 
 void JpegDecoder::readRows()
 {
-    const size_t rowBytes = size_t(canvas->width()) * 4;
     // Behind the end of the bytes the library goes on with grey; what it still holds of the file is
     // no more than one row of blocks.
     JDIMENSION last = info.output_height;
@@ -97,8 +95,9 @@ void JpegDecoder::readRows()
         JSAMPROW rows[kRowsAtOnce];
         const JDIMENSION count = std::min<JDIMENSION>(kRowsAtOnce, last - info.output_scanline);
         for (JDIMENSION i = 0; i < count; ++i)
-            rows[i] = canvas->data() + (info.output_scanline + i) * rowBytes;
+            rows[i] = canvas.row(int(info.output_scanline + i));
         jpeg_read_scanlines(&info, rows, count);
+        canvas.setRowsWritten(int(info.output_scanline));
         if (isExhausted && last == info.output_height)
             last = std::min<JDIMENSION>(last, info.output_scanline +
                                                   JDIMENSION(info.max_v_samp_factor) * DCTSIZE);
@@ -121,5 +120,5 @@ std::unique_ptr<ZrCanvas> readJpeg(EncodedBytes bytes)
 {
     JpegDecoder decoder;
     decode(decoder, bytes);
-    return std::move(decoder.canvas);
+    return decoder.canvas.take();
 }

@@ -40,15 +40,23 @@ const Sets &sets()
     return found;
 }
 
+const PixelKernels *inUse = nullptr;
+
 } // namespace
 
 const PixelKernels &pixelKernels()
 {
-    static const PixelKernels &widest = *sets().list[sets().count - 1];
-    return widest;
+    if (!inUse)
+        usePixelKernels(nullptr);
+    return *inUse;
 }
 
 const PixelKernels *const *allPixelKernels()
 {
     return sets().list;
+}
+
+void usePixelKernels(const PixelKernels *set)
+{
+    inUse = set ? set : sets().list[sets().count - 1];
 }

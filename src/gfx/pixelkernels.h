@@ -74,8 +74,11 @@ struct PixelKernels {
     void (*scaled32)(uint32_t *to, StretchedRow upper, StretchedRow bottom, int lower, int count);
 };
 
-// The widest set that this processor runs; chosen once.
+// The widest set that this processor runs, chosen once.
 const PixelKernels &pixelKernels();
 
 // Every set that this processor runs, the portable one first; the list ends with null.
 const PixelKernels *const *allPixelKernels();
+
+// For tests, which hold each set against the formulas; null chooses the widest again.
+void usePixelKernels(const PixelKernels *set);

@@ -15,7 +15,7 @@ struct PngDecoder {
     size_t position = 0;
     png_structp png = nullptr;
     png_infop info = nullptr;
-    std::unique_ptr<ZrCanvas> canvas;
+    DecodedCanvas canvas;
 
     explicit PngDecoder(EncodedBytes encoded) : bytes(encoded) {}
     ~PngDecoder() { png_destroy_read_struct(&png, &info, nullptr); }
@@ -62,8 +62,7 @@ void PngDecoder::readHeader()
         png_set_gray_to_rgb(png);
     if (!hasAlpha)
         png_set_add_alpha(png, 0xff, PNG_FILLER_AFTER);
-    canvas = makeCanvas(width, height);
-    if (!canvas)
+    if (!canvas.make(width, height))
         png_error(png, "Out of memory");
 }
 
@@ -74,9 +73,13 @@ void PngDecoder::readRows()
     const size_t rowBytes = size_t(canvas->width()) * 4;
     if (png_get_rowbytes(png, info) != rowBytes)
         png_error(png, "Unexpected row length");
+    if (passes > 1)
+        canvas.clear();
     for (int pass = 0; pass < passes; ++pass) {
-        for (int y = 0; y < canvas->height(); ++y)
-            png_read_row(png, canvas->data() + size_t(y) * rowBytes, nullptr);
+        for (int y = 0; y < canvas->height(); ++y) {
+            png_read_row(png, canvas.row(y), nullptr);
+            canvas.setRowsWritten(pass == 0 ? y + 1 : canvas->height());
+        }
     }
 }
 
@@ -98,8 +101,9 @@ std::unique_ptr<ZrCanvas> readPng(EncodedBytes bytes)
     if (!decoder.prepare())
         return nullptr;
     decode(decoder);
+    std::unique_ptr<ZrCanvas> canvas = decoder.canvas.take();
     // Looked up once here, so that drawing knows it.
-    if (decoder.canvas)
-        decoder.canvas->isOpaque();
-    return std::move(decoder.canvas);
+    if (canvas)
+        canvas->isOpaque();
+    return canvas;
 }

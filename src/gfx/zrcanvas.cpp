@@ -43,8 +43,23 @@ ZrCanvas::ZrCanvas(int width, int height, const ZrColor &colour, const ZrRegion 
                               rect.height(), pixel);
 }
 
-ZrCanvas::ZrCanvas(const ZrCanvas &other)
-    : ZrCanvas(other.width_, other.height_, ZrColor(), ZrRegion())
+ZrCanvas::ZrCanvas(int width, int height, Pixels) : width_(width), height_(height), data_(nullptr)
+{
+    if (width > 0 && height > 0)
+        data_ = static_cast<uint8_t *>(std::malloc(size_t(width) * size_t(height) * 4));
+    if (!data_)
+        width_ = height_ = 0;
+}
+
+void ZrCanvas::clearRows(int first)
+{
+    contentsChanged();
+    if (data_ && first < height_)
+        std::memset(data_ + size_t(first) * size_t(width_) * 4, 0,
+                    size_t(height_ - first) * size_t(width_) * 4);
+}
+
+ZrCanvas::ZrCanvas(const ZrCanvas &other) : ZrCanvas(other.width_, other.height_, Pixels::Undefined)
 {
     if (data_)
         std::memcpy(data_, other.data_, size_t(width_) * size_t(height_) * 4);

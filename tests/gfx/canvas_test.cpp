@@ -90,8 +90,7 @@ struct Glyphs {
 class Pair
 {
 public:
-    Pair(ReferenceCanvas::Format format, Random &random)
-        : reference_(format, kWidth, kHeight)
+    Pair(ReferenceCanvas::Format format, Random &random) : reference_(format, kWidth, kHeight)
     {
         if (format == ReferenceCanvas::Format::Framebuffer) {
             // The rows of a framebuffer may be longer than the picture.
@@ -274,24 +273,35 @@ void runRandomCalls(ReferenceCanvas::Format format, int rounds)
     }
 }
 
+// With every set of kernels that the machine runs: what is drawn must not depend on the processor.
+void runEverySet(ReferenceCanvas::Format format, int rounds)
+{
+    for (const PixelKernels *const *set = allPixelKernels(); *set; ++set) {
+        SCOPED_TRACE((*set)->name);
+        usePixelKernels(*set);
+        runRandomCalls(format, rounds);
+        usePixelKernels(nullptr);
+    }
+}
+
 TEST(Canvas, FramebufferAgreesWithFormulas)
 {
-    runRandomCalls(ReferenceCanvas::Format::Framebuffer, 150);
+    runEverySet(ReferenceCanvas::Format::Framebuffer, 150);
 }
 
 TEST(Canvas, ImageAgreesWithFormulas)
 {
-    runRandomCalls(ReferenceCanvas::Format::Image, 150);
+    runEverySet(ReferenceCanvas::Format::Image, 150);
 }
 
 TEST(SlowCanvas, FramebufferAgreesWithFormulas)
 {
-    runRandomCalls(ReferenceCanvas::Format::Framebuffer, 3000);
+    runEverySet(ReferenceCanvas::Format::Framebuffer, 1000);
 }
 
 TEST(SlowCanvas, ImageAgreesWithFormulas)
 {
-    runRandomCalls(ReferenceCanvas::Format::Image, 3000);
+    runEverySet(ReferenceCanvas::Format::Image, 1000);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <functional>
 #include <string>
@@ -15,11 +16,11 @@
 namespace
 {
 
-std::int64_t fakeTime = 0;
+std::atomic<std::int64_t> fakeTime{0}; // the timer thread reads it too
 
 std::int64_t readFakeTime()
 {
-    return fakeTime;
+    return fakeTime.load();
 }
 
 class Recorder : public ZrObject

@@ -5,6 +5,7 @@
 #include "core/zrtimercore.h"
 #include "platform/framebufferdoor.h"
 
+#include <atomic>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
@@ -18,9 +19,10 @@
 namespace zrtest
 {
 
-inline std::int64_t &fakeTime()
+// Nanoseconds; the timer thread reads it too.
+inline std::atomic<std::int64_t> &fakeTime()
 {
-    static std::int64_t time = 1000000000;
+    static std::atomic<std::int64_t> time{1000000000};
     return time;
 }
 
@@ -53,7 +55,7 @@ public:
     {
         makeFramebufferFile(root_ + "/dev/fb0", width, height);
         setenv("ZR_ROOT", root_.c_str(), 1);
-        ZrTimerCore::setTestClock([] { return fakeTime(); });
+        ZrTimerCore::setTestClock([] { return fakeTime().load(); });
         application_ = std::make_unique<ZrApplication>(0, nullptr);
         pixels_.open((root_ + "/dev/fb0").c_str());
     }

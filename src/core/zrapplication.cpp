@@ -95,6 +95,12 @@ void ZrApplication::openDisplay()
     desktopRect_ = display_->rect();
 }
 
+void ZrApplication::setCursorTimeout(int seconds)
+{
+    if (display_)
+        display_->setCursorTimeout(seconds);
+}
+
 void ZrApplication::closeDisplay()
 {
     if (!display_)

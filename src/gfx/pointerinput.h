@@ -14,6 +14,7 @@ public:
 
     void start(const ZrRect &bounds) override;
     void setBounds(const ZrRect &bounds) override;
+    void setSpeed(int speed) override { watcher_.setSpeed(speed); }
     void idleTick(int seconds) override;
     void inject(int x, int y, int buttons, bool force) override;
     void mouseMoved(const ZrPoint &position, int buttons, int wheel) override;

@@ -6,7 +6,10 @@
 #include <zrapplication>
 #include <zreventloop>
 
-AppMessageEvent::AppMessageEvent(AppMessage *message) : CEvent(ZrEvent::MessageFromApp, message->toData()) {}
+AppMessageEvent::AppMessageEvent(AppMessage *message)
+    : CEvent(ZrEvent::MessageFromApp, message->toData())
+{
+}
 
 const AppMessage *AppMessageEvent::message() const
 {

@@ -219,7 +219,9 @@ void ZrApplication::dispatch(ZrObject *receiver, ZrEvent *event)
 {
     if (!receiver)
         return;
-    if (event->type() == ZrEvent::DeferredDelete) {
+    if (event->type() >= ZrEvent::FirstCustom) {
+        receiver->customEvent(event);
+    } else if (event->type() == ZrEvent::DeferredDelete) {
         delete receiver;
     } else if (receiver == this && event->type() == ZrEvent::RawMouse) {
         if (router_)

@@ -29,8 +29,9 @@ void ZrPostQueue::grow()
 {
     std::vector<ZrPostedEvent> larger(ring_.size() * 2);
     for (std::size_t i = 0; i < count_; ++i)
-        larger[i] = ring_[(head_ + i) & (ring_.size() - 1)];
+        larger[i] = ring_[(head_ + i) & mask_];
     ring_.swap(larger);
+    mask_ = ring_.size() - 1;
     head_ = 0;
 }
 
@@ -38,14 +39,14 @@ void ZrPostQueue::pushBack(const ZrPostedEvent &posted)
 {
     if (count_ == ring_.size())
         grow();
-    ring_[(head_ + count_++) & (ring_.size() - 1)] = posted;
+    ring_[(head_ + count_++) & mask_] = posted;
 }
 
 void ZrPostQueue::pushFront(const ZrPostedEvent &posted)
 {
     if (count_ == ring_.size())
         grow();
-    head_ = (head_ - 1) & (ring_.size() - 1);
+    head_ = (head_ - 1) & mask_;
     ring_[head_] = posted;
     ++count_;
 }
@@ -53,7 +54,7 @@ void ZrPostQueue::pushFront(const ZrPostedEvent &posted)
 ZrPostedEvent ZrPostQueue::popFront()
 {
     const ZrPostedEvent posted = ring_[head_];
-    head_ = (head_ + 1) & (ring_.size() - 1);
+    head_ = (head_ + 1) & mask_;
     --count_;
     return posted;
 }
@@ -162,13 +163,13 @@ void ZrPostQueue::removeWhere(Predicate predicate)
         std::size_t kept = 0;
         const int urgent = urgent_;
         for (std::size_t i = 0; i < count_; ++i) {
-            const ZrPostedEvent posted = ring_[(head_ + i) & (ring_.size() - 1)];
+            const ZrPostedEvent posted = ring_[(head_ + i) & mask_];
             if (predicate(posted)) {
                 addToCount(posted.receiver->postedEvents_, -1);
                 removed.push_back(posted.event);
                 urgent_ -= int(i) < urgent;
             } else {
-                ring_[(head_ + kept++) & (ring_.size() - 1)] = posted;
+                ring_[(head_ + kept++) & mask_] = posted;
             }
         }
         count_ = kept;

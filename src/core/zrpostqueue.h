@@ -44,7 +44,7 @@ public:
     void removeQueuedSignals(const ZrObject *sender);
 
 private:
-    static constexpr std::size_t HandSize = 16;
+    static constexpr std::size_t HandSize = 32;
 
     void grow();
     void pushBack(const ZrPostedEvent &posted);
@@ -61,6 +61,7 @@ private:
     std::condition_variable posted_;
     // A ring whose size is a power of two: an entry costs no allocation of its own.
     std::vector<ZrPostedEvent> ring_ = std::vector<ZrPostedEvent>(256);
+    std::size_t mask_ = 255; // of an index into the ring
     std::size_t head_ = 0;
     std::size_t count_ = 0;
     int urgent_ = 0;                     // how many of the first in the ring are urgent

@@ -29,24 +29,26 @@ int ZrSlotList::indexOf(const ZrObject *receiver, ZrSlotFunction function) const
     return -1;
 }
 
+void ZrSlotList::append(const ZrSlot &slot)
+{
+    slots.append(slot);
+    ++changes;
+}
+
 void ZrSlotList::removeAt(int index)
 {
-    if (depth == 0) {
+    ++changes;
+    if (depth == 0)
         slots.removeAt(index);
-        return;
-    }
-    // An emit walks the list by index: the entry stays as a gap until the walk is over.
-    slots[index].receiver = nullptr;
-    ++removed;
+    else // an emit walks the list by index: the entry stays as a gap until the walk is over
+        slots[index].receiver = nullptr;
 }
 
 void ZrSlotList::dropRemoved()
 {
-    for (int i = slots.size() - 1; i >= 0 && removed > 0; --i) {
-        if (slots.at(i).receiver)
-            continue;
-        slots.removeAt(i);
-        --removed;
+    for (int i = slots.size() - 1; i >= 0; --i) {
+        if (!slots.at(i).receiver)
+            slots.removeAt(i);
     }
 }
 
@@ -64,7 +66,7 @@ bool ZrSignalMapper::connect(ZrSignal *signal, ZrObject *receiver, ZrSlotFunctio
     }
     if (signal->slots_->indexOf(receiver, function) >= 0)
         return false;
-    signal->slots_->slots.append(ZrSlot{receiver, function, queued});
+    signal->slots_->append(ZrSlot{receiver, function, queued});
     of(receiver).senders_.append(selfPointer_);
     return true;
 }
@@ -122,25 +124,38 @@ void ZrSignalMapper::drop(ZrSignal *signal, ZrSlotList *list)
     delete list;
 }
 
+void ZrSignalMapper::postSlot(const ZrSlot &slot)
+{
+    selfPointer_->hasQueuedSignals_ = true;
+    ZrApplication::postEvent(slot.receiver,
+                             new ZrQueuedSignalEvent(selfPointer_, slot.receiver, slot.function));
+}
+
 void ZrSignalMapper::emitSignal(ZrSignal *signal)
 {
     ZrSlotList *list = signal->slots_;
     ZrObject *sender = selfPointer_;
+    const std::uint32_t before = list->changes;
+    std::uint32_t seen = before;
     ++list->depth;
-    // Slots connect and disconnect while this walk runs, so each step looks at the list anew.
-    for (int i = 0; i < list->slots.size(); ++i) {
-        const ZrSlot slot = list->slots.at(i);
+    auto slots = list->slots.constBegin();
+    int count = list->slots.size();
+    for (int i = 0; i < count; ++i) {
+        const ZrSlot &slot = *(slots + i);
         if (!slot.receiver)
             continue;
-        if (slot.queued) {
-            sender->hasQueuedSignals_ = true;
-            ZrApplication::postEvent(slot.receiver,
-                                     new ZrQueuedSignalEvent(sender, slot.receiver, slot.function));
+        if (slot.queued)
+            postSlot(slot);
+        else
+            slot.function(sender, slot.receiver, list);
+        if (list->changes == seen)
             continue;
-        }
-        slot.function(sender, slot.receiver, list);
+        // The slot connected, disconnected, or deleted the sender.
         if (!list->owner)
             break;
+        seen = list->changes;
+        slots = list->slots.constBegin();
+        count = list->slots.size();
     }
     if (--list->depth > 0)
         return;
@@ -148,8 +163,9 @@ void ZrSignalMapper::emitSignal(ZrSignal *signal)
         delete list;
         return;
     }
-    if (list->removed > 0)
-        list->dropRemoved();
+    if (list->changes == before)
+        return;
+    list->dropRemoved();
     if (list->slots.isEmpty())
         drop(signal, list);
 }
@@ -163,10 +179,12 @@ ZrSignalMapper::~ZrSignalMapper()
                 continue;
             removeOne(of(slot.receiver).senders_, selfPointer_);
         }
-        if (list->depth > 0)
-            list->owner = nullptr;
-        else
+        if (list->depth == 0) {
             delete list;
+            continue;
+        }
+        list->owner = nullptr;
+        ++list->changes;
     }
     slotLists_.clear();
     while (!senders_.isEmpty()) {

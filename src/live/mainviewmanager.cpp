@@ -5,6 +5,8 @@
 #include "link/appcalls.h"
 #include "link/deviceparams.h"
 #include "link/parameters.h"
+#include "live/splitmodes.h"
+#include "ui/maincommands.h"
 #include "ui/receivers.h"
 #include "users/authoritymanager.h"
 
@@ -73,6 +75,7 @@ void MainViewManager::connectSignals()
     connect(authority_, &authority_->accountsChanged, this, restart);
     connect(screen, &screen->orderChanged, this, zrSlot<&MainViewManager::orderChanged>);
     connect(screen, &screen->selectionChanged, this, zrSlot<&MainViewManager::selectionChanged>);
+    connect(&saveTimer_, &saveTimer_.timeout, this, zrSlot<&MainViewManager::savePreviewParam>);
     connect(cameras_, &cameras_->listChanged, this, zrSlot<&MainViewManager::listChanged>);
 }
 
@@ -164,15 +167,52 @@ void MainViewManager::stopPreview(Stop stop)
 
 void MainViewManager::customEvent(ZrEvent *event)
 {
-    if (event->type() != LiveViewEvent)
-        return;
-    const AppMessage *message = messageOf(event);
-    if (!message)
-        return;
-    const bool picturesSet = message->subType() == AppLiveView::setPictures ||
-                             message->subType() == AppLiveView::movePictures;
-    if (picturesSet && message->headResult() == 0 && screen_->isVisible())
+    if (event->type() == ZrEvent::ControlRequest) {
+        const auto *request = static_cast<const CommonCtrlEvent *>(event);
+        obey(request->command(), request->argument());
+    } else if (event->type() == LiveViewEvent) {
+        if (const AppMessage *message = messageOf(event))
+            acknowledge(*message);
+    }
+}
+
+void MainViewManager::acknowledge(const AppMessage &message)
+{
+    const bool picturesSet = message.subType() == AppLiveView::setPictures ||
+                             message.subType() == AppLiveView::movePictures;
+    if (picturesSet && message.headResult() == 0 && screen_->isVisible())
         sendAudio();
+}
+
+void MainViewManager::obey(int command, int argument)
+{
+    if (!authority_->currentUser())
+        return;
+    switch (command) {
+    case MainViewCommand::SetLayout:
+        setMode(argument);
+        break;
+    case MainViewCommand::PageUp:
+        screen_->pageUp();
+        break;
+    case MainViewCommand::PageDown:
+        screen_->pageDown();
+        break;
+    default:
+        break;
+    }
+}
+
+// The full screen, asked for on a split, is that of the first cell.
+void MainViewManager::setMode(int modeId)
+{
+    if (modeId == live::FullScreenMode && screen_->cellCount() > 1) {
+        screen_->showCellFull(screen_->cellAt(0));
+        emit(this, &previewChanged);
+    } else {
+        screen_->setLayout(ZrVideoScreenLayoutManager::instance()->indexOfMode(modeId));
+    }
+    saveTimer_.start();
 }
 
 void MainViewManager::sendAudio()

@@ -10,6 +10,7 @@
 #include <zrtimer>
 
 class AuthorityManager;
+struct AppMessage;
 class CameraModel;
 
 class MainViewManager : public ZrObject
@@ -42,6 +43,9 @@ public:
     void customEvent(ZrEvent *event) override;
 
 private:
+    void acknowledge(const AppMessage &message);
+    void obey(int command, int argument);
+    void setMode(int modeId);
     void connectSignals();
     void loadViewParam();
     void sendPtzSession();

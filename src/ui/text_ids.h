@@ -6,6 +6,7 @@ namespace Text
 enum Id {
     ConnectFailed = 50057,
     NoVideo = 100000,
+    SplitModes = 100009, // title of the menu of split modes
     StreamUnsupported = 100018,
     NoCamera = 100020,
     OutOfDecoders = 100032,

@@ -2,6 +2,8 @@
 // images/. Runs at build time.
 //   zr-icons icons FONT CSS TABLE FOLDER
 //   zr-icons pointers TABLE FOLDER
+//   zr-icons layouts FOLDER
+#include "layouts.h"
 #include "picture.h"
 
 #include <cstdio>
@@ -157,6 +159,9 @@ int main(int argc, char **argv)
         return makeIcons(words[1], words[2], words[3], words[4]);
     if (words.size() == 3 && words[0] == "pointers")
         return makePointers(words[1], words[2]);
-    std::fprintf(stderr, "zr-icons icons FONT CSS TABLE FOLDER | pointers TABLE FOLDER\n");
+    if (words.size() == 2 && words[0] == "layouts")
+        return makeLayouts(words[1]);
+    std::fprintf(stderr,
+                 "zr-icons icons FONT CSS TABLE FOLDER | pointers TABLE FOLDER | layouts FOLDER\n");
     return 2;
 }

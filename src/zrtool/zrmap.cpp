@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <cstdlib>
 
-ZrMapData::Data ZrMapData::sharedNull = {{}, ZrAtomicInt::permanent, 0, 0, ZrMapData::Sharable, 0};
+ZrMapData::Data ZrMapData::sharedNull = {{}, ZrAtomicInt::permanent, 0, 0, ZrMapData::Sharable, 0,
+                                         {}};
 
 namespace
 {
@@ -38,12 +39,13 @@ int chooseLevel(ZrMapData::Data *d)
 
 ZrMapData::Data *ZrMapData::createData(std::size_t)
 {
-    return new (allocate(sizeof(Data), alignof(Data))) Data{{}, 1, 0, 0, Sharable, 0x9E3779B9u};
+    return new (allocate(sizeof(Data), alignof(Data))) Data{{}, 1, 0, 0, Sharable, 0x9E3779B9u, {}};
 }
 
 ZrMapData::Node *ZrMapData::node_create(Data *d, Node *update[], std::size_t payload,
                                         std::size_t alignment)
 {
+    d->index.drop(d->ref);
     const int level = chooseLevel(d);
     char *memory =
         static_cast<char *>(allocate(payload + std::size_t(level + 1) * sizeof(Node *), alignment));
@@ -62,6 +64,7 @@ ZrMapData::Node *ZrMapData::node_create(Data *d, Node *update[], std::size_t pay
 
 void ZrMapData::node_delete(Data *d, Node *update[], std::size_t payload, Node *node, std::size_t)
 {
+    d->index.drop(d->ref);
     for (int i = 0; i <= d->topLevel && update[i]->forward[i] == node; i++)
         update[i]->forward[i] = node->forward[i];
     while (d->topLevel > 0 && !d->forward[d->topLevel])
@@ -72,6 +75,7 @@ void ZrMapData::node_delete(Data *d, Node *update[], std::size_t payload, Node *
 
 void ZrMapData::continueFreeData(Data *d, std::size_t payload, std::size_t)
 {
+    d->index.drop(d->ref);
     for (Node *node = d->forward[0]; node;) {
         Node *next = node->forward[0];
         std::free(reinterpret_cast<char *>(node) - payload);

@@ -19,9 +19,21 @@ ZrString::Data ZrString::sharedNull = {ZrAtomicInt::permanent, 0, 0, 0, sharedNu
 namespace
 {
 
+// A body of fewer units is copied when it grows: the allocator has small blocks at hand, while its
+// realloc searches for a neighbour to join.
+constexpr int copiedUnits = 512;
+
 std::size_t bytesOf(int units)
 {
     return std::size_t(units) * sizeof(ZrUcs2);
+}
+
+// Room for at least `size` units and for more to come: a short text soon outgrows twice its size,
+// a long one would waste much memory.
+int grown(int size)
+{
+    constexpr int smallest = 16, growsFast = 256;
+    return std::max(smallest, size < growsFast ? 4 * size : 2 * size);
 }
 
 bool isSpace(ZrUcs2 unit)
@@ -63,7 +75,7 @@ void ZrString::freeBody(Data *body)
 // Gives the string an unshared body with room for `alloc` units; keeps the text as far as it fits.
 void ZrString::reallocate(int alloc)
 {
-    if (d->ref.isShared() || d->inSlab) {
+    if (d->ref.isShared() || d->inSlab || d->alloc < copiedUnits) {
         Data *body = allocate(alloc);
         body->size = std::min(d->size, alloc);
         std::memcpy(body->data, d->data, bytesOf(body->size));
@@ -80,11 +92,11 @@ void ZrString::reallocate(int alloc)
     d->data[d->size] = 0;
 }
 
-// An unshared body with room for `size` units and, when it has to grow, for as much again.
+// An unshared body with room for `size` units and, when it has to grow, for more.
 void ZrString::makeRoom(int size)
 {
     if (d->alloc < size)
-        reallocate(d->size == 0 && size > 8 ? size : std::max(size, 8) * 2);
+        reallocate(d->size == 0 && size > 8 ? size : grown(size));
     else if (d->ref.isShared())
         reallocate(std::max(size, d->size));
 }

@@ -27,6 +27,25 @@ void expectEqual(const ZrMap<int, Large> &map, const Model &model)
     ASSERT_TRUE(at == map.end());
 }
 
+// Enough look-ups for a map to index its entries, and each held against the model.
+void expectLookUps(const ZrMap<int, Large> &map, const Model &model, int keys)
+{
+    for (int key = -1; key <= keys; key++) {
+        const auto found = model.lower_bound(key), behind = model.upper_bound(key);
+        const auto lower = map.lowerBound(key), upper = map.upperBound(key);
+        ASSERT_EQ(lower == map.end(), found == model.end()) << key;
+        ASSERT_EQ(upper == map.end(), behind == model.end()) << key;
+        if (found != model.end()) {
+            ASSERT_EQ(lower.key(), found->first);
+            ASSERT_EQ(lower.value(), found->second); // the first of equal ones
+        }
+        if (behind != model.end()) {
+            ASSERT_EQ(upper.value(), behind->second);
+        }
+        ASSERT_EQ(map.contains(key), found != behind) << key;
+    }
+}
+
 } // namespace
 
 TEST(ZrMap, AgreesWithAMultimapUnderRandomChanges)
@@ -81,6 +100,37 @@ TEST(ZrMap, AgreesWithAMultimapUnderRandomChanges)
             }
             ASSERT_NO_FATAL_FAILURE(expectEqual(map, model)) << "step " << step;
             ASSERT_EQ(map.contains(key), model.count(key) > 0);
+        }
+    }
+    EXPECT_EQ(Large::alive, 0);
+}
+
+TEST(ZrMap, LooksUpAlikeHoweverOftenAndAfterEveryChange)
+{
+    std::mt19937 random = seededRandom();
+    constexpr int keys = 300;
+    {
+        ZrMap<int, Large> map;
+        Model model;
+        for (int step = 0; step < 150; step++) {
+            const ZrMap<int, Large> kept(step % 3 == 0 ? map : ZrMap<int, Large>());
+            const Model keptModel(step % 3 == 0 ? model : Model());
+            for (int changes = pick(random, 1, 9); changes > 0; changes--) {
+                const int key = pick(random, 0, keys - 1), value = pick(random, 0, 999);
+                if (step < 100 || pick(random, 0, 9) == 0) {
+                    map.insertMulti(key, value);
+                    model.insert(model.lower_bound(key), {key, value});
+                } else if (auto at = map.lowerBound(key); at != map.end()) {
+                    const int last = at.key();
+                    ASSERT_EQ(map.remove(last), int(model.erase(last)));
+                }
+            }
+            ASSERT_NO_FATAL_FAILURE(expectLookUps(map, model, keys)) << "step " << step;
+            ASSERT_NO_FATAL_FAILURE(expectLookUps(kept, keptModel, keys)) << "kept " << step;
+            if (const auto at = map.find(pick(random, 0, keys - 1)); at != map.end()) {
+                const auto same = model.lower_bound(at.key());
+                at.value() = same->second = step;
+            }
         }
     }
     EXPECT_EQ(Large::alive, 0);

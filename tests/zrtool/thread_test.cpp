@@ -9,8 +9,10 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <thread>
+#include <vector>
 
 namespace
 {
@@ -135,4 +137,34 @@ TEST(ZrWaitCondition, TellsBeingWokenFromRunningOut)
     }
     waiter.join();
     EXPECT_TRUE(woken);
+}
+
+// Some with handles of their own, some with the one handle, while the map makes up its mind to
+// index itself; then the last one to hold the body changes it.
+TEST(Threads, LookUpInOneMapAtATime)
+{
+    constexpr int entries = 1000;
+    ZrMap<int, int> map;
+    for (int i = 0; i < entries; i++)
+        map.insert(2 * i, i);
+    for (int round = 0; round < 20; round++) {
+        std::vector<std::thread> threads;
+        std::atomic<int> wrong{0};
+        for (int reader = 0; reader < 4; reader++) {
+            const ZrMap<int, int> own(map);
+            const auto lookUp = [&wrong](const ZrMap<int, int> &in) {
+                for (int key = 0; key < 2 * entries; key++)
+                    wrong += in.value(key, -1) != (key % 2 == 0 ? key / 2 : -1);
+            };
+            if (reader < 2)
+                threads.emplace_back([own, lookUp] { lookUp(own); });
+            else
+                threads.emplace_back([&map, lookUp] { lookUp(map); });
+        }
+        for (std::thread &thread : threads)
+            thread.join();
+        ASSERT_EQ(wrong, 0);
+        map.remove(0);
+        map.insert(0, 0);
+    }
 }

@@ -16,6 +16,9 @@ ZrWidget::ZrWidget(ZrWidget *parent) : style_(ZrStyle::applicationStyle())
 
 ZrWidget::~ZrWidget()
 {
+    // The children die in the base, when this is no window any more to be told of it.
+    if (lastFocus_)
+        disconnect(lastFocus_, &lastFocus_->destroyed, this, forgetLastFocus);
     destroySurface();
     ZrDesktop::forgetWidget(this);
 }

@@ -10,6 +10,9 @@ namespace
 {
 
 constexpr int smallestAlloc = 4;
+// A body of fewer slots is copied when it grows: the allocator has small blocks at hand, while its
+// realloc searches for a neighbour to join.
+constexpr int copiedSlots = 128;
 
 ZrListData::Data *allocate(int alloc)
 {
@@ -22,10 +25,11 @@ ZrListData::Data *allocate(int alloc)
     return body;
 }
 
-// Half as much again: what appending costs on average stays constant and little is wasted.
+// By a part of the size, so that what appending costs on average stays constant: as much again
+// while that is little, half as much when it would waste memory.
 int grown(int slots)
 {
-    return std::max(smallestAlloc, slots + slots / 2);
+    return std::max(smallestAlloc, slots < copiedSlots ? 2 * slots : slots + slots / 2);
 }
 
 void moveSlots(void **to, void **from, int count)
@@ -63,6 +67,15 @@ ZrListData::Data *ZrListData::detach_grow(int *index, int count)
 void ZrListData::realloc(int alloc)
 {
     alloc = std::max(alloc, int(d->end));
+    if (d->alloc < copiedSlots) {
+        Data *body = allocate(alloc);
+        body->begin = d->begin;
+        body->end = d->end;
+        body->flags = d->flags;
+        moveSlots(body->array + body->begin, begin(), size());
+        freeBody(std::exchange(d, body));
+        return;
+    }
     auto *body = static_cast<Data *>(
         std::realloc(static_cast<void *>(d),
                      std::max(headerSize + std::size_t(alloc) * sizeof(void *), sizeof(Data))));

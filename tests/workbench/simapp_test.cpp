@@ -134,6 +134,14 @@ TEST_F(SimAppTest, AWriteIsMadeOnlyIfItDiffersAndIsEchoed)
     EXPECT_EQ(app.received().size(), 4u); // nothing but this read followed
 }
 
+TEST_F(SimAppTest, AnImportIsToldAsOneListOfKinds)
+{
+    appLinkStart(nullptr);
+    appSend(AppMain::parameters, AppParameter::importParams);
+    // Without a receiver the link notes the sum of main and sub type, which this waits for.
+    appWaitState(uint32_t(AppMain::parameters + AppParameter::paramsReloaded) - 1000u);
+}
+
 TEST_F(SimAppTest, RulesMakeAnswersLongShortLateOrNone)
 {
     appLinkStart(nullptr);

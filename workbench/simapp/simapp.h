@@ -110,6 +110,7 @@ private:
     std::optional<std::vector<uint8_t>> systemAnswer(const Received &request);
     std::optional<std::vector<uint8_t>> parameterAnswer(const Received &request);
     void storeParam(const Received &request);
+    void tellImported();
     void afterwards(const Received &request);
     void sendStates();
     void sendLocked(uint16_t mainType, uint16_t subType, const std::vector<uint8_t> &body,

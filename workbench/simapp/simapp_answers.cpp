@@ -1,5 +1,6 @@
 // What the simulated App answers, and what it does of itself behind a message.
 #include "link/parameters.h"
+#include "link/paramkinds.h"
 #include "link/profilelayout.h"
 #include "workbench/simapp/simapp.h"
 #include "workbench/simapp/simconnection.h"
@@ -144,6 +145,17 @@ void SimApp::storeParam(const Received &request)
     sendLocked(AppMain::parameters, AppParameter::paramAccess, words({0, kind}), 0, 0);
 }
 
+// An import replaces every record: App names them all in one list, the count first.
+void SimApp::tellImported()
+{
+    Body list = words({uint32_t(paramKindsEnd() - paramKindsBegin())});
+    for (auto row = paramKindsBegin(); row != paramKindsEnd(); ++row) {
+        const Body kind = words({row->kind});
+        list.insert(list.end(), kind.begin(), kind.end());
+    }
+    sendLocked(AppMain::parameters, AppParameter::paramsReloaded, list, 0, 0);
+}
+
 void SimApp::afterwards(const Received &request)
 {
     if (request.head.mainType == AppMain::liveView) {
@@ -156,6 +168,8 @@ void SimApp::afterwards(const Received &request)
         profile_ = request.body;
     else if (request.is(AppMain::parameters, AppParameter::paramAccess))
         storeParam(request);
+    else if (request.is(AppMain::parameters, AppParameter::importParams))
+        tellImported();
     else if (request.is(AppMain::system, AppSystem::uiRunning) && options_.answersStart)
         sendLocked(AppMain::system, AppSystem::appRunning, {}, 0, 0);
     else if (request.is(AppMain::system, AppSystem::configDone) && options_.answersStart)

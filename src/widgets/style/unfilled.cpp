@@ -4,7 +4,6 @@
 void ZrStyle::drawPushButton(ZrWidget *, const ZrPushButtonOption *) const {}
 void ZrStyle::drawRadioButton(ZrWidget *, const ZrIndicatorOption *) const {}
 void ZrStyle::drawCheckBox(ZrWidget *, const ZrIndicatorOption *) const {}
-void ZrStyle::drawLineEdit(ZrWidget *, const ZrLineEditOption *) const {}
 void ZrStyle::drawComboBox(ZrWidget *, const ZrComboBoxOption *) const {}
 void ZrStyle::drawProgressBar(ZrWidget *, const ZrProgressBarOption *) const {}
 void ZrStyle::drawScrollBar(ZrWidget *, const ZrScrollBarOption *) const {}

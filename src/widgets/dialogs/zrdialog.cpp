@@ -21,16 +21,16 @@ int ZrDialog::exec()
 {
     if (inLoop_)
         return Accepted;
-    bool destroyed = false;
-    destroyedInLoop_ = &destroyed;
+    bool gone = false;
+    destroyedInLoop_ = &gone;
     result_ = Rejected;
     inLoop_ = true;
     keepLooping_ = true;
     ZrDesktop::pushModal(this);
     setVisible(true);
-    while (!destroyed && keepLooping_)
+    while (!gone && keepLooping_)
         ZrApplication::instance()->processEvents();
-    if (destroyed)
+    if (gone)
         return Rejected;
     destroyedInLoop_ = nullptr;
     inLoop_ = false;

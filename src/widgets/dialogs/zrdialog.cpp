@@ -20,26 +20,15 @@ int ZrDialog::exec()
 {
     if (inLoop_)
         return Accepted;
-<<<<<<< HEAD
     const ZrGuard<ZrDialog> self(this);
-=======
-    bool gone = false;
-    destroyedInLoop_ = &gone;
->>>>>>> lang
     result_ = Rejected;
     inLoop_ = true;
     keepLooping_ = true;
     ZrDesktop::pushModal(this);
     setVisible(true);
-<<<<<<< HEAD
     while (self && keepLooping_)
         ZrApplication::instance()->processEvents();
     if (!self)
-=======
-    while (!gone && keepLooping_)
-        ZrApplication::instance()->processEvents();
-    if (gone)
->>>>>>> lang
         return Rejected;
     inLoop_ = false;
     ZrDesktop::popModal(this);

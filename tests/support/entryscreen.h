@@ -24,7 +24,7 @@ inline std::string utf8(const ZrString &text)
 
 class EntryScreen : public testing::Test
 {
-protected:
+public:
     static constexpr int Width = 640;
     static constexpr int Height = 400;
 

@@ -1,7 +1,6 @@
 // Painters whose controls do not stand yet.
 #include <zrstyle>
 
-void ZrStyle::drawLineEdit(ZrWidget *, const ZrLineEditOption *) const {}
 void ZrStyle::drawComboBox(ZrWidget *, const ZrComboBoxOption *) const {}
 void ZrStyle::drawProgressBar(ZrWidget *, const ZrProgressBarOption *) const {}
 void ZrStyle::drawDateEdit(ZrWidget *, const ZrDateEditOption *) const {}

@@ -27,12 +27,19 @@ enum Id {
     Cancel = 200001,
     Close = 200002,
     Continue = 200021,
-    Percent = 200056,       // "%1" 0 to 100
+    Percent = 200056, // "%1" 0 to 100
     PleaseWait = 200071,
     PleaseWaitFor = 200072, // "%1" what is waited for
     StillWaiting = 200073,
     ReadingSettings = 200075,
     SearchingRecordings = 200076,
-    ClosesIn = 200083, // "%1" seconds
+    ClosesIn = 200083,      // "%1" seconds
+    MonthJanuary = 200101,  // and so on to December
+    WeekdayMonday = 200161, // one letter, and so on to Sunday
+    MonthAndYear = 200170,  // "%1" the month, "%2" the year
+    KeySpace = 200201,
+    KeySymbols = 200202,
+    KeyLetters = 200205,
+    LanguageName = 200400, // and the language's number
 };
 } // namespace Text

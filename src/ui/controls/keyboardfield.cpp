@@ -1,0 +1,99 @@
+#include "ui/controls/keyboardfield.h"
+
+#include "link/startup.h"
+#include "ui/keyboard/keyboard.h"
+#include "ui/scale.h"
+#include "ui/stylefiles.h"
+#include "widgets/zrdesktop.h"
+
+#include <algorithm>
+#include <zrpainter>
+#include <zrpixmap>
+
+namespace
+{
+
+// Units.
+constexpr float FieldWidth = 222;
+constexpr float FieldHeight = 36;
+constexpr float IconSide = 20;
+constexpr float IconGap = 8;
+constexpr float ErrorBorder = 2;
+constexpr int LeastIcons = 6; // a field narrower than so many icons has no room for one
+
+const ZrPixmap &keyboardIcon()
+{
+    static const ZrPixmap icon(resolveResourcePath(ZrString("images/edit-keyboard.png")));
+    return icon;
+}
+
+} // namespace
+
+KeyboardField::KeyboardField(ZrWidget *parent) : ZrLineEdit(parent) {}
+
+void KeyboardField::setError(bool error)
+{
+    if (error == error_)
+        return;
+    error_ = error;
+    update();
+}
+
+ZrSize KeyboardField::sizeHint() const
+{
+    return ZrSize(unitsX(FieldWidth), unitsY(FieldHeight));
+}
+
+void KeyboardField::openKeyboard()
+{
+    if (!isServed() && !isReadOnly())
+        makeKeyboard()->open();
+}
+
+void KeyboardField::commit()
+{
+    // With the keyboard open this is its Enter.
+    if (isServed())
+        ZrLineEdit::commit();
+    else
+        openKeyboard();
+}
+
+void KeyboardField::clicked()
+{
+    openKeyboard();
+}
+
+void KeyboardField::hideEvent(ZrHideEvent *event)
+{
+    ZrLineEdit::hideEvent(event);
+    auto *keyboard = dynamic_cast<Keyboard *>(ZrDesktop::activePopup());
+    if (isServed() && keyboard && keyboard->target() == this)
+        keyboard->close();
+}
+
+int KeyboardField::trailingRoom() const
+{
+    const int icon = fontUnits(IconSide);
+    return isActive() && !isReadOnly() && width() >= LeastIcons * icon ? icon + unitsX(IconGap) : 0;
+}
+
+void KeyboardField::paintEvent(ZrPaintEvent *event)
+{
+    ZrLineEdit::paintEvent(event);
+    ZrPainter painter(this);
+    if (trailingRoom() > 0) {
+        const int side = fontUnits(IconSide);
+        painter.drawScaledPixmap(
+            ZrRect(textRect().right() + 1 + unitsX(IconGap), (height() - side) / 2, side, side),
+            keyboardIcon());
+    }
+    if (!error_)
+        return;
+    const ZrColor color = commonStyleFile().colorValue(ZrString("LineEdit/Border/Error"));
+    const int w = std::max(1, fontUnits(ErrorBorder));
+    painter.fillRect(ZrRect(0, 0, width(), w), color);
+    painter.fillRect(ZrRect(0, height() - w, width(), w), color);
+    painter.fillRect(ZrRect(0, w, w, height() - 2 * w), color);
+    painter.fillRect(ZrRect(width() - w, w, w, height() - 2 * w), color);
+}

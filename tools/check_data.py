@@ -6,7 +6,8 @@ A name that the code puts together is told to this check by a comment beside it:
     // data: images/mainview-layout*.png images/more-layout{,-hover}.png
     // data: style/commonstyle.ini Zr{LineEdit,SpinBox}/Border/{Normal,Hover,Focus,Disabled}
 Each word with braces stands for all its forms, which must exist; one with a "*" must have at least one
-match; a word that begins with neither folder is a key of the style file before it.
+match; a word that begins with neither folder is a key of the style file before it. The rows of
+src/ui/commonstyle.cpp tell their keys themselves, by a prefix and a set of states.
 
     --unused   lists what no code names, instead of checking
 """
@@ -19,6 +20,9 @@ TOP = pathlib.Path(__file__).resolve().parent.parent
 LITERAL = re.compile(r'"((?:[^"\\\n]|\\.)*)"')
 DATA_LINE = re.compile(r"//\s*data:\s*(.*)")
 KEY = re.compile(r"^[A-Za-z0-9]+(?:/[A-Za-z0-9_]+)+$")
+STATE_ROW = re.compile(r'"([\w/]+/)",\s*ColorKeys::ByState,\s*([\w| ]+),')
+STATES = {"N": "Normal", "H": "Hover", "F": "Focus", "D": "Disabled"}
+COMMON_STYLE = "style/commonstyle.ini"
 FOLDERS = ("images/", "cursor-image/")
 COLOR = re.compile(r"rgb\((\d+), (\d+), (\d+)\)")
 PALETTE_ROW = re.compile(r"^\| (\w+) \| `#([0-9A-F]{6})` \|", re.M)
@@ -81,8 +85,20 @@ class Checker:
         literals = [(number, found[1]) for number, line in enumerate(lines, 1)
                     for found in LITERAL.finditer(line.split("//")[0])]
         named += [text for _, text in literals if text.startswith("style/")]
+        if "commonStyleFile()" in text:
+            named.append(COMMON_STYLE)
+        prefixes = self.check_state_rows(text)
         for number, literal in literals:
-            self.check_literal(literal, number, named, bool(told))
+            self.check_literal(literal, number, named, bool(told) or literal in prefixes)
+
+    def check_state_rows(self, text):
+        prefixes = set()
+        for row in STATE_ROW.finditer(text):
+            prefixes.add(row[1])
+            for letter in "NHFD" if row[2] == "All" else row[2].split(" | "):
+                key = row[1] + STATES[letter]
+                self.need(key in self.styles[COMMON_STYLE], text.count("\n", 0, row.start()) + 1, key)
+        return prefixes
 
     def need(self, isThere, number, name):
         if isThere:

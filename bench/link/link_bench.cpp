@@ -121,6 +121,7 @@ public:
     std::unique_ptr<LinkWaitLoop> makeWaitLoop() override { return nullptr; }
     bool screenSize(int *, int *) override { return false; }
     void pointerMoved(int, int, int, bool) override {}
+    void slowRequest(uint16_t, uint16_t, bool) override {}
 
     void waitForBurst()
     {

@@ -19,6 +19,8 @@ const AppMessage *AppMessageEvent::message() const
 namespace
 {
 
+SlowRequestSign slowRequestSign = nullptr;
+
 class WaitLoop : public LinkWaitLoop
 {
 public:
@@ -50,6 +52,11 @@ public:
         if (ZrPointerInput *pointer = ZrApplication::instance()->pointer())
             pointer->inject(x, y, buttons, force);
     }
+    void slowRequest(uint16_t mainType, uint16_t, bool waiting) override
+    {
+        if (slowRequestSign)
+            slowRequestSign(mainType, waiting);
+    }
 };
 
 ApplicationLinkHost host;
@@ -59,6 +66,11 @@ ApplicationLinkHost host;
 void connectLinkEvents()
 {
     appSetLinkHost(&host);
+}
+
+void setSlowRequestSign(SlowRequestSign sign)
+{
+    slowRequestSign = sign;
 }
 
 void disconnectLinkEvents()

@@ -37,7 +37,7 @@ void AppLink::setHost(LinkHost *host)
 void AppLink::start(ZrObject *receiver)
 {
     receiver_.store(receiver);
-    socket_.setReceiveLimit(repeatDelay_);
+    socket_.setReceiveLimit(Silence::step(repeatDelay_));
     client_ = std::thread([this] { runClient(); });
     dispatch_ = std::thread([this] { runDispatch(); });
 }
@@ -233,6 +233,40 @@ void AppLink::movePointer(const AppMessage &message)
 
 // Requests
 
+// Tells the host once that a request takes long, and when it is over.
+class AppLink::SlowRequest
+{
+public:
+    SlowRequest(AppLink &link, uint16_t mainType, uint16_t subType)
+        : link_(link), mainType_(mainType), subType_(subType)
+    {
+    }
+    ~SlowRequest()
+    {
+        if (told_)
+            notify(false);
+    }
+    void tell()
+    {
+        if (!told_)
+            notify(true);
+        told_ = true;
+    }
+
+private:
+    void notify(bool waiting)
+    {
+        ScopedLock lock(link_.hostLock_);
+        if (link_.host_)
+            link_.host_->slowRequest(mainType_, subType_, waiting);
+    }
+
+    AppLink &link_;
+    uint16_t mainType_;
+    uint16_t subType_;
+    bool told_ = false;
+};
+
 AppMessagePtr AppLink::request(uint16_t mainType, uint16_t subType, const void *in,
                                uint32_t inLength)
 {
@@ -240,10 +274,12 @@ AppMessagePtr AppLink::request(uint16_t mainType, uint16_t subType, const void *
     AppMessagePtr reply;
     replies_.begin();
     {
+        SlowRequest slow(*this, mainType, subType);
+        Silence silence(repeatDelay_, [&slow] { slow.tell(); });
         LinkReader::Turn turn(reader_);
         turn.take();
         ask(&question, &turn);
-        while (awaitReply(question, &turn, &reply) == Wait::TimedOut) {
+        while (awaitReply(question, &turn, &silence, &reply) == Wait::TimedOut) {
             const uint32_t before = question.number;
             ask(&question, &turn);
             printf("[GUI]: BlockWaiting data timeout(MainType:%d, SubType:%d, seqNumber:%d), "
@@ -256,15 +292,14 @@ AppMessagePtr AppLink::request(uint16_t mainType, uint16_t subType, const void *
 }
 
 AppLink::Wait AppLink::awaitReply(const Question &question, LinkReader::Turn *turn,
-                                  AppMessagePtr *reply)
+                                  Silence *silence, AppMessagePtr *reply)
 {
     if (turn->isHeld())
-        return readReply(question, turn, reply);
-    return replies_.waitFor(question.number, question.mainType, question.subType, repeatDelay_,
-                            reply);
+        return readReply(question, turn, silence, reply);
+    return replies_.waitFor(question.number, question.mainType, question.subType, silence, reply);
 }
 
-AppLink::Wait AppLink::readReply(const Question &question, LinkReader::Turn *turn,
+AppLink::Wait AppLink::readReply(const Question &question, LinkReader::Turn *turn, Silence *silence,
                                  AppMessagePtr *reply)
 {
     std::vector<AppMessage *> messages;
@@ -273,11 +308,13 @@ AppLink::Wait AppLink::readReply(const Question &question, LinkReader::Turn *tur
         sortOut(messages, question, reply);
         if (*reply)
             return Wait::Found;
-        if (status == FrameReader::Status::Quiet)
+        if (status != FrameReader::Status::Quiet)
+            silence->broken();
+        else if (silence->passed())
             return Wait::TimedOut;
     }
     // The stream was lost. The client thread makes a new one, and the reply, if ever, comes there.
-    return awaitReply(question, turn, reply);
+    return awaitReply(question, turn, silence, reply);
 }
 
 void AppLink::sortOut(std::vector<AppMessage *> &messages, const Question &question,

@@ -7,6 +7,7 @@
 #include "link/messagequeue.h"
 #include "link/nestedwaiters.h"
 #include "link/pendingreplies.h"
+#include "link/silence.h"
 
 #include <atomic>
 #include <string>
@@ -70,8 +71,10 @@ private:
     };
     using Wait = PendingReplies::Wait;
     void ask(Question *question, LinkReader::Turn *turn);
-    Wait awaitReply(const Question &question, LinkReader::Turn *turn, AppMessagePtr *reply);
-    Wait readReply(const Question &question, LinkReader::Turn *turn, AppMessagePtr *reply);
+    Wait awaitReply(const Question &question, LinkReader::Turn *turn, Silence *silence,
+                    AppMessagePtr *reply);
+    Wait readReply(const Question &question, LinkReader::Turn *turn, Silence *silence,
+                   AppMessagePtr *reply);
     void sortOut(std::vector<AppMessage *> &messages, const Question &question,
                  AppMessagePtr *reply);
     int sendWaiting(const AppMsgHead *head, const void *body,
@@ -79,6 +82,8 @@ private:
     void setConnection(Connection connection);
     bool waitConnected();
     uint32_t nextSequence();
+
+    class SlowRequest;
 
     static constexpr int DefaultRepeatDelay = 10000;
 

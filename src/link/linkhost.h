@@ -1,6 +1,7 @@
 // What the App link needs of the event queue above it, which fulfils it.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 
 class ZrObject;
@@ -28,6 +29,9 @@ public:
     // The pointer position that App gave, in pixels of the screen. `buttons` is App's word as it
     // came. Any thread but the widget thread.
     virtual void pointerMoved(int x, int y, int buttons, bool force) = 0;
+    // A blocking request has begun to take long, or, having done so, is over. The thread that asks,
+    // which handles no events meanwhile; the link must not be called back.
+    virtual void slowRequest(uint16_t mainType, uint16_t subType, bool waiting) = 0;
 };
 
 // The link posts and waits through this host from now on; null takes it away, and once that call

@@ -45,7 +45,7 @@ bool PendingReplies::takeReply(uint32_t seqNumber, uint16_t mainType, uint16_t s
 }
 
 PendingReplies::Wait PendingReplies::waitFor(uint32_t seqNumber, uint16_t mainType,
-                                             uint16_t subType, int milliseconds,
+                                             uint16_t subType, Silence *silence,
                                              AppMessagePtr *reply)
 {
     ScopedLock lock(waitLock_.mutex);
@@ -54,7 +54,9 @@ PendingReplies::Wait PendingReplies::waitFor(uint32_t seqNumber, uint16_t mainTy
             return Wait::Found;
         if (closed_)
             return Wait::Closed;
-        if (!waitLock_.wait(milliseconds))
+        if (waitLock_.wait(silence->step()))
+            silence->broken();
+        else if (silence->passed())
             return Wait::TimedOut;
     }
 }

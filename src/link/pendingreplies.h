@@ -3,6 +3,7 @@
 #pragma once
 
 #include "link/appmessage.h"
+#include "link/silence.h"
 
 #include <atomic>
 #include <functional>
@@ -24,9 +25,9 @@ public:
     void begin();
     // Takes the message if a request is blocking. Otherwise it stays the caller's.
     bool enter(AppMessage *message);
-    // Waits for the reply with this number and type, and takes it out. The time starts anew with
-    // every message that arrives. A message with the number but another type stays where it is.
-    Wait waitFor(uint32_t seqNumber, uint16_t mainType, uint16_t subType, int milliseconds,
+    // Waits for the reply with this number and type, and takes it out. Every message that arrives
+    // breaks the silence. A message with the number but another type stays where it is.
+    Wait waitFor(uint32_t seqNumber, uint16_t mainType, uint16_t subType, Silence *silence,
                  AppMessagePtr *reply);
     // Hands every other message over in order of arrival, forgets all, and ends what begin began.
     void finish(const std::function<void(AppMessagePtr)> &deliver);

@@ -177,6 +177,7 @@ TEST_F(LinkTest, AReplyIsCutToTheCallersRecord)
     uint8_t out[6] = {};
     EXPECT_EQ(appRequest(1000, 33, out, 4, nullptr, 0), 4u);
     EXPECT_EQ(Body(out, out + 6), (Body{7, 7, 7, 7, 0, 0}));
+    EXPECT_TRUE(host.slow.empty());
 }
 
 TEST_F(LinkTest, AsksAgainUnderANewNumberAndIgnoresALateReplyToTheOld)
@@ -198,6 +199,7 @@ TEST_F(LinkTest, AsksAgainUnderANewNumberAndIgnoresALateReplyToTheOld)
     uint8_t out = 0;
     appRequest(600, 3, &out, 1, "x", 1);
     EXPECT_EQ(out, 2);
+    EXPECT_EQ(host.slow, (std::vector<bool>{true, false})) << "the wait is told, and its end";
     const auto numbers = app.get();
     const std::string printed = testing::internal::GetCapturedStdout();
     EXPECT_EQ(printed.find("[GUI]: BlockWaiting data timeout(MainType:600, SubType:3, seqNumber:" +

@@ -26,6 +26,7 @@ public:
     std::unique_ptr<LinkWaitLoop> makeWaitLoop() override;
     bool screenSize(int *width, int *height) override;
     void pointerMoved(int x, int y, int buttons, bool force) override;
+    void slowRequest(uint16_t, uint16_t, bool waiting) override { slow.push_back(waiting); }
 
     // Waits until that many have come, and returns all.
     std::vector<Posted> waitPosted(size_t count);
@@ -33,6 +34,7 @@ public:
     // Ends the innermost waiting loop without a reply, once there is one.
     void exitLoop();
 
+    std::vector<bool> slow; // what was told of slow requests, by the thread that asks
     int width = 1920;
     int height = 1080;
     ZrObject *lastReceiver = nullptr;

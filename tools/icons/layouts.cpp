@@ -1,29 +1,38 @@
 #include "layouts.h"
 
 #include "live/splitmodes.h"
-#include "picture.h"
+#include "palette.h"
 
-#include <cstdio>
+#include <algorithm>
+#include <stdexcept>
 
 namespace
 {
 
-constexpr int Side = 75; // 50 units on a screen of 1920
-constexpr int Edge = 8;
-constexpr int Gap = 3;
-constexpr Color Plain{0x98, 0xA8, 0xB8};
-constexpr Color Hovered{0x38, 0xA0, 0xF8};
+constexpr int Side = 75;   // 50 units on a screen of 1920
+constexpr int Extent = 51; // what the cells may take of it
+constexpr int FewCells = 4;
+
+// Cells and gaps in whole pixels, all alike, and the whole in the middle.
+struct Cells {
+    explicit Cells(int count) : gap(count > FewCells ? 2 : 3)
+    {
+        step = (Extent + gap) / count;
+        first = (Side - (step * count - gap)) / 2;
+    }
+    int gap;
+    int step;
+    int first;
+};
 
 void fillBlock(Picture &picture, const live::SplitMode &mode, int row, int column, int span,
                Color color)
 {
-    const int extent = Side - 2 * Edge;
-    const int left = Edge + column * extent / mode.columns;
-    const int right = Edge + (column + span) * extent / mode.columns - Gap;
-    const int top = Edge + row * extent / mode.rows;
-    const int bottom = Edge + (row + span) * extent / mode.rows - Gap;
-    for (int y = top; y < bottom; ++y) {
-        for (int x = left; x < right; ++x)
+    const Cells across(mode.columns), down(mode.rows);
+    const int left = across.first + column * across.step;
+    const int top = down.first + row * down.step;
+    for (int y = top; y < top + span * down.step - down.gap; ++y) {
+        for (int x = left; x < left + span * across.step - across.gap; ++x)
             picture.cover(x, y, color, 255);
     }
 }
@@ -39,7 +48,7 @@ const live::SplitMerge *mergeAt(const live::SplitMode &mode, int row, int column
     return nullptr;
 }
 
-bool drawMode(const live::SplitMode &mode, Color color, const std::string &path)
+Picture drawMode(const live::SplitMode &mode, Color color)
 {
     Picture picture(Side, Side);
     for (int row = 0; row < mode.rows; ++row) {
@@ -51,20 +60,17 @@ bool drawMode(const live::SplitMode &mode, Color color, const std::string &path)
                 fillBlock(picture, mode, row, column, merge->span, color);
         }
     }
-    return picture.save(path);
+    return picture;
 }
 
 } // namespace
 
-int makeLayouts(const std::string &folder)
+void makeLayouts(const std::string &folder)
 {
     for (const live::SplitMode &mode : live::SplitModes) {
         const std::string path = folder + "/mainview-layout" + mode.name;
-        if (!drawMode(mode, Plain, path + ".png") ||
-            !drawMode(mode, Hovered, path + "-hover.png")) {
-            std::fprintf(stderr, "cannot draw the layout %s\n", mode.name);
-            return 1;
-        }
+        if (!drawMode(mode, iconColor("text", State::Normal)).save(path + ".png") ||
+            !drawMode(mode, iconColor("text", State::Hover)).save(path + "-hover.png"))
+            throw std::runtime_error("cannot write " + path);
     }
-    return 0;
 }

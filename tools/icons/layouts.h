@@ -3,6 +3,5 @@
 
 #include <string>
 
-// Two of each mode, plain and with "-hover" behind its name. Not zero when one could not be
-// written.
-int makeLayouts(const std::string &folder);
+// Two of each mode, plain and with "-hover" behind its name. Throws when one cannot be written.
+void makeLayouts(const std::string &folder);

@@ -1,21 +1,13 @@
 #include "picture.h"
 
 #include <algorithm>
-#include <cmath>
 #include <png.h>
-
-namespace
-{
-
-constexpr int SamplesPerSide = 4;
-
-} // namespace
 
 void Picture::cover(int x, int y, Color color, int coverage)
 {
     if (x < 0 || y < 0 || x >= width_ || y >= height_ || coverage <= 0)
         return;
-    std::uint8_t *pixel = &pixels_[std::size_t(y * width_ + x) * 4];
+    std::uint8_t *pixel = &pixels_[(std::size_t(y) * width_ + x) * 4];
     const int below = pixel[3];
     const int alpha = coverage + below * (255 - coverage) / 255;
     const std::uint8_t over[] = {color.red, color.green, color.blue};
@@ -24,22 +16,57 @@ void Picture::cover(int x, int y, Color color, int coverage)
     pixel[3] = std::uint8_t(alpha);
 }
 
-void Picture::fill(const std::vector<Point> &corners, Color color, Edges edges)
+void Picture::fill(const Distance &distance, Color color)
+{
+    for (int y = 0; y < height_; ++y) {
+        for (int x = 0; x < width_; ++x)
+            cover(x, y, color, coverageOf(distance({float(x) + 0.5f, float(y) + 0.5f})));
+    }
+}
+
+void Picture::erase(const Distance &distance)
 {
     for (int y = 0; y < height_; ++y) {
         for (int x = 0; x < width_; ++x) {
-            int inside = 0;
-            for (int sample = 0; sample < SamplesPerSide * SamplesPerSide; ++sample) {
-                const Point at{float(x) + (float(sample % SamplesPerSide) + 0.5f) / SamplesPerSide,
-                               float(y) + (float(sample / SamplesPerSide) + 0.5f) / SamplesPerSide};
-                inside += contains(corners, at);
-            }
-            const int all = SamplesPerSide * SamplesPerSide;
-            const int coverage =
-                edges == Edges::Smooth ? inside * 255 / all : (inside * 2 >= all ? 255 : 0);
-            cover(x, y, color, coverage);
+            std::uint8_t &alpha = pixels_[(std::size_t(y) * width_ + x) * 4 + 3];
+            const int coverage = coverageOf(distance({float(x) + 0.5f, float(y) + 0.5f}));
+            alpha = std::uint8_t(alpha * (255 - coverage) / 255);
         }
     }
+}
+
+void Picture::draw(int left, int top, const Picture &picture)
+{
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const std::uint8_t *from = picture.pixel(x, y);
+            cover(left + x, top + y, {from[0], from[1], from[2]}, from[3]);
+        }
+    }
+}
+
+Picture Picture::scaled(int width, int height) const
+{
+    Picture result(width, height);
+    const int stepX = width > 1 ? ((width_ - 1) << 16) / (width - 1) : 0;
+    const int stepY = height > 1 ? ((height_ - 1) << 16) / (height - 1) : 0;
+    for (int y = 0; y < height; ++y) {
+        const int top = (y * stepY) >> 16;
+        const int bottom = std::min(top + 1, height_ - 1);
+        const int v = ((y * stepY) >> 8) & 255;
+        for (int x = 0; x < width; ++x) {
+            const int left = (x * stepX) >> 16;
+            const int right = std::min(left + 1, width_ - 1);
+            const int u = ((x * stepX) >> 8) & 255;
+            std::uint8_t *to = &result.pixels_[(std::size_t(y) * width + x) * 4];
+            for (int i = 0; i < 4; ++i) {
+                const int upper = pixel(left, top)[i] * (256 - u) + pixel(right, top)[i] * u;
+                const int lower = pixel(left, bottom)[i] * (256 - u) + pixel(right, bottom)[i] * u;
+                to[i] = std::uint8_t((upper * (256 - v) + lower * v) >> 16);
+            }
+        }
+    }
+    return result;
 }
 
 bool Picture::save(const std::string &path) const
@@ -52,34 +79,15 @@ bool Picture::save(const std::string &path) const
     return png_image_write_to_file(&image, path.c_str(), 0, pixels_.data(), 0, nullptr) != 0;
 }
 
-bool contains(const std::vector<Point> &corners, Point point)
+Picture Picture::load(const std::string &path)
 {
-    bool inside = false;
-    for (std::size_t i = 0, j = corners.size() - 1; i < corners.size(); j = i++) {
-        const Point &a = corners[i];
-        const Point &b = corners[j];
-        if ((a.y > point.y) != (b.y > point.y) &&
-            point.x < (b.x - a.x) * (point.y - a.y) / (b.y - a.y) + a.x)
-            inside = !inside;
-    }
-    return inside;
-}
-
-float distanceToOutline(const std::vector<Point> &corners, Point point)
-{
-    float nearest = 1e9f;
-    for (std::size_t i = 0, j = corners.size() - 1; i < corners.size(); j = i++) {
-        const Point &a = corners[j];
-        const Point &b = corners[i];
-        const float length2 = (b.x - a.x) * (b.x - a.x) + (b.y - a.y) * (b.y - a.y);
-        const float along =
-            length2 > 0
-                ? std::clamp(((point.x - a.x) * (b.x - a.x) + (point.y - a.y) * (b.y - a.y)) /
-                                 length2,
-                             0.0f, 1.0f)
-                : 0.0f;
-        nearest = std::min(nearest, std::hypot(point.x - a.x - along * (b.x - a.x),
-                                               point.y - a.y - along * (b.y - a.y)));
-    }
-    return nearest;
+    png_image image = {};
+    image.version = PNG_IMAGE_VERSION;
+    if (!png_image_begin_read_from_file(&image, path.c_str()))
+        return {};
+    image.format = PNG_FORMAT_RGBA;
+    Picture picture(int(image.width), int(image.height));
+    if (!png_image_finish_read(&image, nullptr, picture.pixels_.data(), 0, nullptr))
+        return {};
+    return picture;
 }

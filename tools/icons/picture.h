@@ -1,7 +1,10 @@
 // A small RGBA picture and what the icon maker does with it. Build-time only.
 #pragma once
 
+#include "shapes.h"
+
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -9,31 +12,39 @@ struct Color {
     std::uint8_t red, green, blue;
 };
 
-struct Point {
-    float x, y;
-};
-
 class Picture
 {
 public:
-    Picture(int width, int height) : width_(width), height_(height), pixels_(width * height * 4) {}
+    Picture() = default;
+    Picture(int width, int height)
+        : width_(width), height_(height), pixels_(std::size_t(width) * height * 4)
+    {
+    }
 
     int width() const { return width_; }
     int height() const { return height_; }
     // Lays the colour over the pixel with that coverage, 0 to 255.
     void cover(int x, int y, Color color, int coverage);
-    // A filled polygon; antialiased by 4 x 4 samples a pixel, or with hard edges.
-    enum class Edges { Smooth, Hard };
-    void fill(const std::vector<Point> &corners, Color color, Edges edges);
+    // Fills where the distance, in pixels, is below zero; the edge is smoothed over one pixel.
+    void fill(const Distance &distance, Color color);
+    // Makes the picture transparent there.
+    void erase(const Distance &distance);
+    // Lays another picture over this one.
+    void draw(int left, int top, const Picture &picture);
+    // By the sampling the screens use, so that what is seen here is what they show.
+    Picture scaled(int width, int height) const;
+
     bool save(const std::string &path) const;
+    // Empty when the file is no PNG.
+    static Picture load(const std::string &path);
 
 private:
-    int width_;
-    int height_;
+    const std::uint8_t *pixel(int x, int y) const
+    {
+        return &pixels_[(std::size_t(y) * width_ + x) * 4];
+    }
+
+    int width_ = 0;
+    int height_ = 0;
     std::vector<std::uint8_t> pixels_; // R, G, B, A
 };
-
-// Whether the point is inside the polygon, by the even-odd rule.
-bool contains(const std::vector<Point> &corners, Point point);
-// Distance from the point to the polygon's outline.
-float distanceToOutline(const std::vector<Point> &corners, Point point);

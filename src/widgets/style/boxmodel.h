@@ -20,6 +20,8 @@ public:
     ZrRect draw(ZrPainter &painter, const ZrRect &rect) const;
     // The border alone, for what covers the contents' edge.
     void drawBorder(ZrPainter &painter, const ZrRect &rect) const;
+    // The ring of a focused control; nothing without focus.
+    void drawFocusRing(ZrPainter &painter, const ZrRect &rect) const;
     // Where the contents go, without drawing.
     ZrRect contents(const ZrRect &rect) const;
     // What the box takes beside the contents, both sides together.
@@ -33,7 +35,6 @@ public:
 
 private:
     void drawBackground(ZrPainter &painter, const ZrRect &rect) const;
-    void drawFocusRing(ZrPainter &painter, const ZrRect &rect) const;
     ZrSides margin() const;
     ZrSides inner() const; // border and padding
 

@@ -105,7 +105,7 @@ void ZrGroupBox::paintEvent(ZrPaintEvent *)
         painter.drawText(ZrRect::fromEdges(left, head.top(), width() - 1, head.bottom()),
                          Zr::AlignLeft | Zr::AlignVCenter, title_);
     if (hasFocus())
-        box.drawFocusRing(
+        box.drawRing(
             painter,
             ZrRect::fromEdges(gap / 4, head.top(),
                               std::min(width() - 1, left + gap / 2 + textWidth(title_, box.font())),

@@ -99,8 +99,8 @@ void ZrStyle::drawSpinBox(ZrWidget *widget, const ZrSpinBoxOption *option) const
     if (box.prepareText(painter))
         painter.drawText(room, box.alignment(), spin->text());
     // A pressed arrow fills its corner; the ring goes over it.
-    if (spin->pressedArrow() != ZrSpinBox::NoArrow)
-        box.drawFocusRing(painter, widget->rect());
+    if (spin->pressedArrow() != ZrSpinBox::NoArrow && widget->hasFocus())
+        box.drawRing(painter, widget->rect());
 }
 
 void ZrStyle::drawProgressBar(ZrWidget *widget, const ZrProgressBarOption *option) const

@@ -1,6 +1,5 @@
 // Painters whose controls do not stand yet.
 #include <zrstyle>
 
-void ZrStyle::drawLineEdit(ZrWidget *, const ZrLineEditOption *) const {}
 void ZrStyle::drawDateEdit(ZrWidget *, const ZrDateEditOption *) const {}
 void ZrStyle::drawTable(ZrWidget *, const ZrTableOption *) const {}

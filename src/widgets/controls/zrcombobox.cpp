@@ -1,5 +1,6 @@
 #include <zrcombobox>
 
+#include "widgets/controls/editabletext.h"
 #include "widgets/style/boxmodel.h"
 #include "widgets/style/buttonlayout.h"
 
@@ -106,13 +107,14 @@ void ZrComboBox::setCurrentIndex(int index)
     if (index == current_)
         return;
     current_ = index;
+    setEditText(itemText(index));
     update();
     emit(this, &currentIndexChanged);
 }
 
 ZrString ZrComboBox::currentText() const
 {
-    return itemText(current_);
+    return edit_ ? edit_->text() : itemText(current_);
 }
 
 // --- the pop-up ---
@@ -172,7 +174,10 @@ void ZrComboBox::hidePopup()
 void ZrComboBox::chosen()
 {
     const ZrGuard<ZrComboBox> self(this);
-    setCurrentIndex(popup_->currentRow());
+    const int row = popup_->currentRow();
+    if (row == current_)
+        setEditText(itemText(row)); // what was typed gives way to the row it was typed over
+    setCurrentIndex(row);
     if (self)
         emit(this, &activated);
 }
@@ -223,15 +228,22 @@ void ZrComboBox::paintEvent(ZrPaintEvent *)
 
 void ZrComboBox::keyPressEvent(ZrKeyEvent *event)
 {
-    event->setAccepted(event->key() == Zr::Key_Enter);
-    if (event->isAccepted())
+    const bool enter = event->key() == Zr::Key_Enter;
+    event->setAccepted(enter || (edit_ && editKey(*event)));
+    if (enter && isPopupVisible())
+        hidePopup();
+    else if (enter)
         showPopup();
 }
 
 void ZrComboBox::mousePressEvent(ZrMouseEvent *event)
 {
     event->setAccepted(event->button() == Zr::LeftButton);
-    if (event->isAccepted())
+    if (!event->isAccepted())
+        return;
+    if (edit_ && textRect().contains(event->position()))
+        setCursorPosition(positionAt(event->position()));
+    else
         showPopup();
 }
 

@@ -35,6 +35,7 @@ public:
 
 private:
     void drawBackground(ZrPainter &painter, const ZrRect &rect) const;
+    void drawFocusRing(ZrPainter &painter, const ZrRect &rect) const;
     ZrSides margin() const;
     ZrSides inner() const; // border and padding
 

@@ -15,6 +15,9 @@
 namespace
 {
 
+// Beyond any text of a field.
+constexpr int MaximumRight = 16384;
+
 enum class Points { Up, Down };
 
 // Two parts wide and one high, as in the pictures of arrows; rows of one pixel stay crisp.
@@ -69,9 +72,18 @@ void ZrStyle::drawComboBox(ZrWidget *widget, const ZrComboBoxOption *option) con
               triangle ? triangle : box.chain().pick(group.foreground));
     const ZrRect room = combo->textRect();
     const ZrString text = combo->currentText();
-    if (!text.isEmpty() && box.prepareText(painter))
+    if (!box.prepareText(painter))
+        return;
+    if (combo->isEditable()) {
+        const ZrPoint origin = combo->textOrigin();
+        painter.setClipRegion(ZrRegion(room));
+        painter.drawText(ZrRect::fromEdges(origin.x(), room.top(), MaximumRight, room.bottom()),
+                         Zr::AlignLeft | Zr::AlignVCenter, text);
+        painter.fillRect(combo->cursorRect(), *box.chain().pick(group.foreground));
+    } else if (!text.isEmpty()) {
         painter.drawText(room, leadingAlignment(text) | Zr::AlignVCenter,
                          ZrFontMetrics::elided(text, box.font(), room.width()));
+    }
 }
 
 void ZrStyle::drawSpinBox(ZrWidget *widget, const ZrSpinBoxOption *option) const

@@ -98,6 +98,13 @@ const ColorKeys Colors[] = {
     {"ZrLineEdit/Background/", ColorKeys::ByState, All, fill<&ZrStyle::lineEditOption, Background>},
     {"ZrLineEdit/Border/", ColorKeys::ByState, All, thinBorder<&ZrStyle::lineEditOption>},
 
+    {"LineEdit/Selected/Foreground", ColorKeys::Whole, N,
+     fill<&ZrStyle::lineEditOption, &ZrLineEditOption::selectionForeground>},
+    {"LineEdit/Selected/Background", ColorKeys::Whole, N,
+     fill<&ZrStyle::lineEditOption, &ZrLineEditOption::selectionBackground>},
+    {"LineEdit/Hint/Foreground", ColorKeys::Whole, N,
+     fill<&ZrStyle::lineEditOption, &ZrLineEditOption::hint>},
+
     {"ZrComboBox/Border/", ColorKeys::ByState, All, thinBorder<&ZrStyle::comboBoxOption>},
     {"ZrComboBox/Foreground/", ColorKeys::ByState, All, fill<&ZrStyle::comboBoxOption, Foreground>},
     {"ZrComboBox/Background/", ColorKeys::ByState, All, fill<&ZrStyle::comboBoxOption, Background>},

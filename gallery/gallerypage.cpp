@@ -9,7 +9,7 @@
 namespace
 {
 
-constexpr float CaptionWidth = 190;
+constexpr float CaptionWidth = 180;
 constexpr float GapX = 16;
 constexpr float GapY = 12;
 constexpr float Top = 16;

@@ -14,7 +14,7 @@ namespace
 
 // Units.
 constexpr float BarHeight = 52;
-constexpr float MenuWidth = 232;
+constexpr float MenuWidth = 264;
 constexpr float MenuRow = 46;
 constexpr float TitleFont = 18;
 constexpr float Inset = 24;

@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstring>
 #include <zrapplication>
+#include <zrfontmetrics>
 #include <zrgraphics>
 #include <zrtranslation>
 
@@ -48,9 +49,18 @@ bool read(int argc, char **argv, Options *options)
     return true;
 }
 
+constexpr int FontCacheBytes = 1048576;
+
+void loadFont()
+{
+    ZrFontMetrics::setFontFile(
+        resolveResourcePath(ZrString("font/yahei_arial_gothic_unicode.ttf")), FontCacheBytes);
+}
+
 int runInteractive(int argc, char **argv)
 {
     readResourcePath();
+    loadFont();
     ZrApplication application(argc, argv);
     const ZrRect &desktop = application.desktopRect();
     setScreenScale(desktop.width(), desktop.height());
@@ -74,6 +84,7 @@ int main(int argc, char **argv)
     zrInstallWidgets();
     if (!options.shots)
         return runInteractive(argc, argv);
+    loadFont();
     ZrApplication::parts().makePointer = nullptr;
     return takeShots(options.shots, options.page) ? 0 : 1;
 }

@@ -12,7 +12,7 @@
 namespace
 {
 
-constexpr float FieldWidth = 170;
+constexpr float FieldWidth = 164;
 constexpr Pose Poses[] = {Pose::AsItIs, Pose::Hovered, Pose::Focused, Pose::Disabled};
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "widgets/xmlbounds.h"
 
 #include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
 #include <string>
 #include <sys/stat.h>
@@ -13,19 +14,32 @@
 namespace
 {
 
+int number(const char *text, int otherwise)
+{
+    char *end = nullptr;
+    const long value = std::strtol(text, &end, 10);
+    return end == text ? otherwise : int(value);
+}
+
 class ZrXmlVisitor : public TiXmlVisitor
 {
 public:
     explicit ZrXmlVisitor(Texts *texts) : texts_(texts) {}
-    bool VisitEnter(const TiXmlElement &element, const TiXmlAttribute *) override
+    bool VisitEnter(const TiXmlElement &element, const TiXmlAttribute *first) override
     {
         if (element.ValueStr() != "tr")
             return true;
         constexpr int NoId = -1;
         int id = NoId;
-        element.QueryIntAttribute("id", &id);
+        const std::string *text = nullptr;
+        for (const TiXmlAttribute *attribute = first; attribute; attribute = attribute->Next()) {
+            if (attribute->NameTStr() == "id")
+                id = number(attribute->ValueStr().c_str(), NoId);
+            else if (attribute->NameTStr() == "text")
+                text = &attribute->ValueStr();
+        }
         if (id != NoId)
-            texts_->insert(std::uint32_t(id), ZrString(element.Attribute("text")));
+            texts_->insert(std::uint32_t(id), text ? ZrString(text->c_str()) : ZrString());
         return true;
     }
 
@@ -90,10 +104,10 @@ bool readLanguage(const char *text, std::size_t size, Texts *texts)
     // One that ends before its first element says that the rest of the file is lost.
     if (document.Error() || !document.RootElement())
         return false;
-    Texts found;
-    found.reserve(2 * elements);
-    ZrXmlVisitor visitor(&found);
+    // Emptied first: the new texts then take the memory of the old ones.
+    texts->clear();
+    texts->reserve(2 * elements);
+    ZrXmlVisitor visitor(texts);
     document.Accept(&visitor);
-    texts->swap(found);
     return true;
 }

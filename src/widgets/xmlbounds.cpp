@@ -24,8 +24,10 @@ private:
     bool attribute();
     bool declaration();
     bool name();
+    bool skipText(char end);
     void skipSpace();
     void skipPast(const char *end);
+    void skipBetween(const char *start, const char *end);
     bool startsWith(const char *start) const
     {
         return std::strncmp(at_, start, std::strlen(start)) == 0;
@@ -67,10 +69,8 @@ bool Scan::document()
                 return false;
         } else if (depth_ > 0) {
             ++nodes_;
-            skipPast("<");
-            if (!*at_)
+            if (!skipText('<'))
                 return false;
-            --at_;
         } else {
             return true; // TinyXML reads no further either
         }
@@ -85,14 +85,14 @@ bool Scan::node()
     if (depth_ > 0 && at_[1] == '/')
         return closeElement();
     ++nodes_;
-    if (startsWithAnyCase("<?xml"))
-        return declaration();
     if (isNameStart(at_[1]))
         return openElement();
+    if (startsWithAnyCase("<?xml"))
+        return declaration();
     if (startsWith("<!--"))
-        skipPast("-->");
+        skipBetween("<!--", "-->"); // which share no sign: "<!-->" is not yet the end
     else if (startsWith("<![CDATA["))
-        skipPast("]]>");
+        skipBetween("<![CDATA[", "]]>");
     else
         skipPast(">");
     return true;
@@ -140,9 +140,10 @@ bool Scan::attribute()
     ++at_;
     skipSpace();
     if (*at_ == '"' || *at_ == '\'') {
-        const char quote[] = {*at_, 0};
+        const char quote = *at_++;
+        if (!skipText(quote))
+            return false;
         ++at_;
-        skipPast(quote);
         return *at_ != 0;
     }
     while (*at_ && !isSpace(*at_) && *at_ != '/' && *at_ != '>') {
@@ -185,14 +186,33 @@ bool Scan::name()
     return *at_ != 0;
 }
 
+// To the sign that ends the text. TinyXML takes "&#" and all up to the next ";" for one character,
+// the end of the text included, so that this has to be a number.
+bool Scan::skipText(char end)
+{
+    while (*at_ && *at_ != end) {
+        if (at_[0] != '&' || at_[1] != '#') {
+            ++at_;
+            continue;
+        }
+        at_ += 2;
+        const bool isHex = *at_ == 'x';
+        at_ += isHex ? 1 : 0;
+        at_ += std::strspn(at_, isHex ? "0123456789abcdefABCDEF" : "0123456789");
+        if (*at_ != ';')
+            return false;
+    }
+    return *at_ == end;
+}
+
 // The byte order mark and the two codes that are no characters are space to TinyXML.
 void Scan::skipSpace()
 {
     while (true) {
         if (isSpace(*at_))
             ++at_;
-        else if (startsWith("\xEF\xBB\xBF") || startsWith("\xEF\xBF\xBE") ||
-                 startsWith("\xEF\xBF\xBF"))
+        else if (*at_ == '\xEF' && (startsWith("\xEF\xBB\xBF") || startsWith("\xEF\xBF\xBE") ||
+                                    startsWith("\xEF\xBF\xBF")))
             at_ += 3;
         else
             return;
@@ -204,6 +224,12 @@ void Scan::skipPast(const char *end)
 {
     const char *found = std::strstr(at_, end);
     at_ = found ? found + std::strlen(end) : at_ + std::strlen(at_);
+}
+
+void Scan::skipBetween(const char *start, const char *end)
+{
+    at_ += std::strlen(start);
+    skipPast(end);
 }
 
 } // namespace

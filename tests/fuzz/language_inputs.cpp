@@ -63,11 +63,13 @@ void tryLanguage(const std::uint8_t *bytes, std::size_t size)
         require(texts == before);
 
     const int elements = elementsWithinBounds(text.data(), text.size());
-    // Only small documents that are text may be given to TinyXML without the bounds.
+    // Only small documents that are text may be given to TinyXML without the bounds. In broken
+    // declarations and numbers of characters it reads on where the bounds refuse.
     constexpr std::size_t small = 4096;
     if (elements < 0 &&
         (size > small || text.find('\0') != std::string::npos ||
-         text.find("<?") != std::string::npos || !zrtool::isUtf8(text.data(), text.size())))
+         text.find("<?") != std::string::npos || text.find("&#") != std::string::npos ||
+         !zrtool::isUtf8(text.data(), text.size())))
         return;
     TiXmlDocument document;
     document.SetTabSize(0);

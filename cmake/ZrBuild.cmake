@@ -44,9 +44,17 @@ find_package(PkgConfig REQUIRED)
 # Debian's Python, not a private one: it is the one that has the packages of packages.txt.
 find_program(ZR_PYTHON python3 PATHS /usr/bin NO_DEFAULT_PATH REQUIRED)
 
-# zr_room(NAME [LINKS...]): a static library of all sources in the calling folder and below it.
+# zr_room(NAME [LINKS...]): a static library of all sources in the calling folder and in those below
+# it that have no CMakeLists.txt of their own.
 function(zr_room name)
-  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  file(GLOB below CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*/*.cpp)
+  foreach(source IN LISTS below)
+    get_filename_component(folder ${source} DIRECTORY)
+    if(NOT EXISTS ${folder}/CMakeLists.txt)
+      list(APPEND sources ${source})
+    endif()
+  endforeach()
   add_library(${name} STATIC ${sources})
   target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/include/pub ${CMAKE_SOURCE_DIR}/src)
   target_link_libraries(${name} PUBLIC ${ARGN})

@@ -1,5 +1,7 @@
 #include "workbench/vncview.h"
 
+#include "workbench/board/panelkeys.h"
+
 #include <cstdio>
 #include <netinet/in.h>
 #include <rfb/rfb.h>
@@ -7,9 +9,11 @@
 struct VncView::Screen {
     rfbScreenInfoPtr info = nullptr;
     std::function<void(const Mouse &)> onMouse;
+    KeyLine onKey;
     int lastMask = 0;
 
     static void pointerMoved(int mask, int x, int y, rfbClientPtr client);
+    static void keyChanged(rfbBool down, rfbKeySym symbol, rfbClientPtr client);
 };
 
 namespace
@@ -52,6 +56,14 @@ void VncView::Screen::pointerMoved(int mask, int x, int y, rfbClientPtr client)
     rfbDefaultPtrAddEvent(mask, x, y, client);
 }
 
+void VncView::Screen::keyChanged(rfbBool down, rfbKeySym symbol, rfbClientPtr client)
+{
+    const auto *screen = static_cast<Screen *>(client->screen->screenData);
+    const std::string line = down ? panelLineOfKey(std::uint32_t(symbol)) : std::string();
+    if (!line.empty() && screen->onKey)
+        screen->onKey(line);
+}
+
 bool VncView::start(Picture *picture, int port, const std::function<void(const Mouse &)> &onMouse)
 {
     rfbLog = ignoreLine;
@@ -63,6 +75,7 @@ bool VncView::start(Picture *picture, int port, const std::function<void(const M
     screen_ = std::make_unique<Screen>();
     screen_->info = info;
     screen_->onMouse = onMouse;
+    screen_->onKey = onKey_;
     setFormat(&info->serverFormat);
     info->frameBuffer = reinterpret_cast<char *>(picture->line(0));
     info->desktopName = "Recorder";
@@ -70,6 +83,7 @@ bool VncView::start(Picture *picture, int port, const std::function<void(const M
     info->cursor = nullptr; // the interface paints its own
     info->screenData = screen_.get();
     info->ptrAddEvent = Screen::pointerMoved;
+    info->kbdAddEvent = Screen::keyChanged;
     info->port = port;
     info->listenInterface = htonl(INADDR_LOOPBACK);
     // Left at its default the library listens on every IPv6 address of the machine.

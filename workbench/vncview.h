@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 class VncView
@@ -18,6 +19,10 @@ public:
         int buttons; // 1 left, 2 right, 4 middle
         int wheel;   // notches, positive towards the user
     };
+
+    // What the viewer's keyboard does, as lines of the panel: "key 28", "text A".
+    using KeyLine = std::function<void(const std::string &line)>;
+    void setKeyboard(const KeyLine &onKey) { onKey_ = onKey; }
 
     // Listens on 127.0.0.1; also takes the WebSockets of a browser on the same port. The picture
     // must outlive the view. False when the port cannot be had.
@@ -38,4 +43,5 @@ public:
 private:
     struct Screen;
     std::unique_ptr<Screen> screen_;
+    KeyLine onKey_;
 };

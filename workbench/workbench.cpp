@@ -52,6 +52,7 @@ bool Workbench::startViews()
     const auto onMouse = [this](const VncView::Mouse &mouse) {
         board_.pointer().moveTo(mouse.x, mouse.y, mouse.buttons, mouse.wheel);
     };
+    vnc_.setKeyboard([this](const std::string &line) { board_.panel().sendLine(line); });
     if (!vnc_.startNear(&compositor_.picture(), options_.vncPort, kPortsTried, onMouse))
         return false;
     if (!std::filesystem::exists(options_.novnc + "/core/rfb.js"))

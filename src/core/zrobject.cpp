@@ -5,6 +5,7 @@
 #include <cstring>
 #include <zrapplication>
 #include <zrevent>
+#include <zrguard>
 
 bool zrSameName(const char *left, const char *right)
 {
@@ -18,6 +19,7 @@ ZrObject::ZrObject(ZrObject *parent) : signalMapper_(this)
 
 ZrObject::~ZrObject()
 {
+    clearGuards();
     deleteChildren();
     detachFromParent();
     ZrApplication *application = ZrApplication::instance();
@@ -32,6 +34,12 @@ ZrObject::~ZrObject()
         ZrApplication::removePostedEvents(this);
     if (hasQueuedSignals_)
         application->dropQueuedSignals(this);
+}
+
+void ZrObject::clearGuards()
+{
+    while (ZrGuardLink *guard = guards_)
+        guard->detach();
 }
 
 void ZrObject::deleteChildren()

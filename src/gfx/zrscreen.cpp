@@ -325,6 +325,12 @@ void ZrScreen::showBlack()
     setGuard(ZrRect());
 }
 
+void ZrScreen::flushNow()
+{
+    if (flushPosted_)
+        flush();
+}
+
 void ZrScreen::flush()
 {
     if (isOpen() && !guiEnabled_)

@@ -4,6 +4,8 @@
 namespace Text
 {
 enum Id {
+    Confirm = 5,
+    Notice = 6,
     ConnectFailed = 50057,
     NoVideo = 100000,
     SplitModes = 100009, // title of the menu of split modes
@@ -19,5 +21,18 @@ enum Id {
     SplitMode = 103508, // "%1" the mode's short name
     LowBandwidth = 106042,
     LowBattery = 106043,
+    Yes = 120003,
+    No = 120004,
+    Ok = 200000,
+    Cancel = 200001,
+    Close = 200002,
+    Continue = 200021,
+    Percent = 200056,       // "%1" 0 to 100
+    PleaseWait = 200071,
+    PleaseWaitFor = 200072, // "%1" what is waited for
+    StillWaiting = 200073,
+    ReadingSettings = 200075,
+    SearchingRecordings = 200076,
+    ClosesIn = 200083, // "%1" seconds
 };
 } // namespace Text

@@ -24,7 +24,8 @@ struct IconLine {
     std::string shape; // a glyph's name, or "@" and a drawing's, perhaps with ":" and an angle
     float width = 0;   // units
     float height = 0;
-    float glyph = 0; // side of the glyph in the middle of it
+    float glyph = 0;  // side of the glyph
+    float middle = 0; // how far below the top the middle of the glyph is
     std::string role;
     std::string badge; // a glyph's name; empty for none
     std::string badgeRole;
@@ -45,6 +46,24 @@ void readSize(const std::string &text, float &width, float &height)
         height = width;
 }
 
+// "50/28": a picture of 50 with a glyph of 28 in the middle; "160x90/40,30": its middle 30 below
+// the top.
+void readGlyphSize(const std::string &text, IconLine &line)
+{
+    const std::size_t slash = text.find('/');
+    readSize(text.substr(0, slash), line.width, line.height);
+    line.glyph = std::min(line.width, line.height);
+    line.middle = line.height / 2;
+    if (slash == std::string::npos)
+        return;
+    std::istringstream words(text.substr(slash + 1));
+    char comma = 0;
+    words >> line.glyph;
+    float middle = 0;
+    if (words >> comma >> middle)
+        line.middle = middle;
+}
+
 IconLine readIconLine(const std::string &text)
 {
     std::istringstream words(text);
@@ -52,11 +71,7 @@ IconLine readIconLine(const std::string &text)
     std::string size, badge;
     if (!(words >> line.pattern >> line.shape >> size >> line.role))
         throw std::invalid_argument("too few words: " + text);
-    // "50/28": a picture of 50 units with a glyph of 28.
-    const std::size_t slash = size.find('/');
-    readSize(size.substr(0, slash), line.width, line.height);
-    line.glyph = slash == std::string::npos ? std::min(line.width, line.height)
-                                            : std::stof(size.substr(slash + 1));
+    readGlyphSize(size, line);
     if (line.width <= 0 || line.height <= 0)
         throw std::invalid_argument("no size: " + text);
     if (words >> badge) {
@@ -98,7 +113,7 @@ void drawGlyphIcon(Picture &picture, IconFont &font, const IconLine &line, State
 {
     const int side = pixels(line.glyph);
     font.draw(picture, line.shape, iconColor(line.role, state), (picture.width() - side) / 2,
-              (picture.height() - side) / 2, side);
+              pixels(line.middle) - side / 2, side);
     if (!line.badge.empty())
         drawBadge(picture, font, line, state);
 }

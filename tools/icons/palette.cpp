@@ -1,5 +1,7 @@
 #include "palette.h"
 
+#include <algorithm>
+#include <iterator>
 #include <stdexcept>
 
 namespace
@@ -11,9 +13,9 @@ struct Role {
 };
 
 constexpr Role Roles[] = {
-    {"ground", {16, 20, 24}},   {"panel", {24, 32, 40}},     {"raised", {32, 40, 48}},
-    {"lifted", {40, 48, 56}},   {"line", {56, 72, 88}},      {"firm", {96, 112, 128}},
-    {"text", {232, 240, 248}},  {"dim", {152, 168, 184}},    {"off", {128, 144, 160}},
+    {"ground", {8, 16, 24}},    {"panel", {24, 32, 40}},     {"raised", {32, 40, 48}},
+    {"lifted", {40, 56, 72}},   {"line", {56, 72, 88}},      {"firm", {96, 112, 128}},
+    {"text", {232, 240, 248}},  {"dim", {160, 176, 192}},    {"off", {128, 144, 160}},
     {"accent", {56, 160, 248}}, {"deep", {24, 64, 96}},      {"light", {144, 200, 248}},
     {"good", {0, 176, 72}},     {"warning", {248, 184, 48}}, {"bad", {248, 88, 80}},
     {"white", {248, 248, 248}},
@@ -26,9 +28,9 @@ struct StateRole {
 };
 
 constexpr StateRole StateRoles[] = {
-    {"plate", {"raised", "lifted", "deep", "panel"}}, // the ground of a button
+    {"plate", {"raised", "deep", "deep", "panel"}},   // the ground of a button
     {"edge", {"firm", "light", "accent", "line"}},    // its border
-    {"mark", {"text", "white", "light", "firm"}},     // the sign on it
+    {"mark", {"text", "light", "light", "firm"}},     // the sign on it
     {"fill", {"accent", "light", "light", "firm"}},   // a checked part
     {"ink", {"ground", "ground", "ground", "panel"}}, // the sign on that
     {"knob", {"text", "white", "white", "off"}},      // what is dragged
@@ -50,18 +52,28 @@ constexpr Twin Twins[] = {
     {"disabled", State::Disabled},
 };
 
-} // namespace
-
-State stateOfTwin(const std::string &ending)
+const Twin *twinOf(const std::string &ending)
 {
     const std::size_t first = ending.find_first_not_of("-_");
     const std::size_t last = ending.find_last_not_of("-_");
     const std::string word =
         first == std::string::npos ? "" : ending.substr(first, last - first + 1);
-    for (const Twin &twin : Twins) {
-        if (word == twin.ending)
-            return twin.state;
-    }
+    const auto *found = std::find_if(std::begin(Twins), std::end(Twins),
+                                     [&](const Twin &twin) { return word == twin.ending; });
+    return found == std::end(Twins) ? nullptr : found;
+}
+
+} // namespace
+
+bool isTwin(const std::string &ending)
+{
+    return twinOf(ending) != nullptr;
+}
+
+State stateOfTwin(const std::string &ending)
+{
+    if (const Twin *twin = twinOf(ending))
+        return twin->state;
     throw std::invalid_argument("no state is called " + ending);
 }
 

@@ -10,6 +10,7 @@ enum class State { Normal, Hover, On, Disabled };
 
 // The state that a twin's ending stands for: "-hover", "_default", "-on", "_disable" and so on; an
 // unknown ending throws.
+bool isTwin(const std::string &ending);
 State stateOfTwin(const std::string &ending);
 
 // A role's colour in a state. "text", "warning" and the like are the same in every state; "edge",

@@ -19,7 +19,7 @@ constexpr float Hair = 0.01f;
 // A pointer is a mask on the screen, without half-transparent pixels: a light shape with a dark rim
 // reads on any picture.
 constexpr Color Fill{248, 248, 248};
-constexpr Color Rim{16, 20, 24};
+constexpr Color Rim{8, 16, 24};
 
 Picture drawPointer(const Drawing &drawing, int side)
 {
@@ -29,16 +29,17 @@ Picture drawPointer(const Drawing &drawing, int side)
     for (int y = 0; y < side; ++y) {
         for (int x = 0; x < side; ++x) {
             const Point at{float(x) + 0.5f, float(y) + 0.5f};
-            float body = 1e9f, ink = 1e9f;
+            float nearest = 1e9f;
+            const DrawingPart *top = nullptr;
             for (const DrawingPart &part : parts) {
-                float &nearest = part.color == "ink" ? ink : body;
-                nearest = std::min(nearest, part.distance(at));
+                const float distance = part.distance(at);
+                nearest = std::min(nearest, distance);
+                if (distance < -Hair)
+                    top = &part;
             }
-            if (ink < -Hair)
-                picture.cover(x, y, Rim, 255);
-            else if (body < -Hair)
-                picture.cover(x, y, Fill, 255);
-            else if (body < scale - Hair)
+            if (top)
+                picture.cover(x, y, top->color == "ink" ? Rim : Fill, 255);
+            else if (nearest < scale - Hair)
                 picture.cover(x, y, Rim, 255);
         }
     }

@@ -5,96 +5,119 @@
 #include <algorithm>
 #include <filesystem>
 #include <stdexcept>
+#include <utility>
 
 namespace
 {
 
-constexpr int Columns = 8;
-constexpr int CellWidth = 200;
-constexpr int CellHeight = 84;
-constexpr int TallCell = 144;
+constexpr int Width = 1600;
 constexpr int Margin = 8;
-constexpr int LabelSize = 11;
+constexpr int LabelSize = 12;
+constexpr int LabelHeight = 20;
 constexpr int LargestShown = 120; // a side; larger pictures are shown smaller
 
 struct Entry {
-    std::string name;
+    std::string name; // of the picture without the ending of a twin
+    std::string ending;
     Picture picture;
 };
 
-std::vector<Entry> readFolder(const std::string &folder)
+// A picture with its twins.
+struct Group {
+    std::string name;
+    std::vector<Picture> pictures;
+};
+
+Entry readEntry(const std::filesystem::path &path)
+{
+    Entry entry{path.stem().string(), "", Picture::load(path.string())};
+    const std::size_t last = entry.name.find_last_of("-_");
+    if (last == std::string::npos || !isTwin(entry.name.substr(last)))
+        return entry;
+    entry.ending = entry.name.substr(last);
+    entry.name.resize(last);
+    return entry;
+}
+
+std::vector<Group> readFolder(const std::string &folder)
 {
     std::vector<Entry> entries;
     for (const auto &file : std::filesystem::directory_iterator(folder)) {
         if (file.path().extension() == ".png")
-            entries.push_back({file.path().stem().string(), Picture::load(file.path().string())});
+            entries.push_back(readEntry(file.path()));
     }
     std::sort(entries.begin(), entries.end(), [](const Entry &a, const Entry &b) {
-        const bool isTallA = a.picture.height() > 48, isTallB = b.picture.height() > 48;
-        return isTallA != isTallB ? isTallB : a.name < b.name;
+        return a.name != b.name ? a.name < b.name : a.ending < b.ending;
     });
-    return entries;
-}
-
-int rowHeight(const Entry &first)
-{
-    return first.picture.height() > 48 ? TallCell : CellHeight;
-}
-
-// Where each picture's cell begins, and the height of all.
-std::vector<Point> places(const std::vector<Entry> &entries, int &height)
-{
-    std::vector<Point> all;
-    int column = 0, top = 0, row = 0;
-    for (const Entry &entry : entries) {
-        if (column == Columns || (row && rowHeight(entry) != row)) {
-            column = 0;
-            top += row;
-        }
-        row = rowHeight(entry);
-        all.push_back({float(column++ * CellWidth), float(top)});
+    std::vector<Group> groups;
+    for (Entry &entry : entries) {
+        if (groups.empty() || groups.back().name != entry.name)
+            groups.push_back({entry.name, {}});
+        groups.back().pictures.push_back(std::move(entry.picture));
     }
-    height = top + row;
-    return all;
+    std::stable_sort(groups.begin(), groups.end(), [](const Group &a, const Group &b) {
+        return a.pictures[0].height() < b.pictures[0].height();
+    });
+    return groups;
 }
 
-bool endsWith(const std::string &text, const std::string &ending)
+// The pictures side by side above their name: each as a screen of 1920 shows it, and behind them
+// the first as one of 1280 does.
+Picture drawGroup(const Group &group, IconFont &labels)
 {
-    return text.size() >= ending.size() &&
-           text.compare(text.size() - ending.size(), ending.size(), ending) == 0;
-}
-
-void drawEntry(Picture &sheet, IconFont &labels, const Entry &entry, int left, int top)
-{
-    Picture large = entry.picture;
-    const float shrink =
-        std::min(1.0f, float(LargestShown) / float(std::max(large.width(), large.height())));
-    if (shrink < 1)
-        large =
-            large.scaled(int(float(large.width()) * shrink), int(float(large.height()) * shrink));
-    sheet.draw(left + Margin, top + Margin, large);
-    const Picture small = entry.picture.scaled(large.width() * 2 / 3, large.height() * 2 / 3);
-    if (!endsWith(entry.name, "-max") && large.width() * 5 / 3 < CellWidth - 3 * Margin)
-        sheet.draw(left + 2 * Margin + large.width(), top + Margin, small);
-    labels.drawText(sheet, entry.name, roleColor("dim", State::Normal), left + Margin,
-                    top + rowHeight(entry) - Margin, LabelSize);
+    std::vector<Picture> pictures = group.pictures;
+    for (Picture &picture : pictures) {
+        const int longest = std::max(picture.width(), picture.height());
+        if (longest > LargestShown)
+            picture = picture.scaled(picture.width() * LargestShown / longest,
+                                     picture.height() * LargestShown / longest);
+    }
+    pictures.push_back(
+        pictures[0].scaled(pictures[0].width() * 2 / 3, pictures[0].height() * 2 / 3));
+    int width = Margin, height = 0;
+    for (const Picture &picture : pictures) {
+        width += picture.width() + Margin;
+        height = std::max(height, picture.height());
+    }
+    Picture unused(1, 1);
+    const Color ink = roleColor("dim", State::Normal);
+    const int label = labels.drawText(unused, group.name, ink, 0, 0, LabelSize);
+    Picture cell(std::max(width, label + 2 * Margin), height + LabelHeight + Margin);
+    int x = Margin;
+    for (const Picture &picture : pictures) {
+        cell.draw(x, Margin, picture);
+        x += picture.width() + Margin;
+    }
+    labels.drawText(cell, group.name, ink, Margin, height + LabelHeight, LabelSize);
+    return cell;
 }
 
 } // namespace
 
 void makeSheet(IconFont &labels, const std::vector<std::string> &folders, const std::string &file)
 {
-    std::vector<Entry> entries;
+    struct Placed {
+        int x, y;
+        Picture picture;
+    };
+    std::vector<Placed> placed;
+    int x = 0, y = 0, row = 0;
     for (const std::string &folder : folders) {
-        for (Entry &entry : readFolder(folder))
-            entries.push_back(std::move(entry));
+        for (const Group &group : readFolder(folder)) {
+            Picture cell = drawGroup(group, labels);
+            if (x + cell.width() > Width) {
+                x = 0;
+                y += std::exchange(row, 0);
+            }
+            row = std::max(row, cell.height());
+            placed.push_back({x, y, cell});
+            x += cell.width();
+        }
     }
-    int height = 0;
-    const std::vector<Point> cells = places(entries, height);
-    Picture sheet(Columns * CellWidth, height + Margin);
+    Picture sheet(Width, y + row + Margin);
     sheet.fill([](Point) { return -1.0f; }, roleColor("panel", State::Normal));
-    for (std::size_t i = 0; i < entries.size(); ++i)
-        drawEntry(sheet, labels, entries[i], int(cells[i].x), int(cells[i].y));
-    if (!sheet.save(file))
+    for (const Placed &cell : placed)
+        sheet.draw(cell.x, cell.y, cell.picture);
+    if (!sheet.saveAsShown(file))
         throw std::runtime_error("cannot write " + file);
 }

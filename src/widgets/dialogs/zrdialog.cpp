@@ -3,6 +3,7 @@
 #include "widgets/zrdesktop.h"
 
 #include <zrapplication>
+#include <zrguard>
 
 ZrDialog::ZrDialog(ZrWidget *parent, unsigned flags) : ZrWidget(parent)
 {
@@ -13,26 +14,22 @@ ZrDialog::ZrDialog(ZrWidget *parent, unsigned flags) : ZrWidget(parent)
 ZrDialog::~ZrDialog()
 {
     ZrDesktop::popModal(this);
-    if (destroyedInLoop_)
-        *destroyedInLoop_ = true;
 }
 
 int ZrDialog::exec()
 {
     if (inLoop_)
         return Accepted;
-    bool gone = false;
-    destroyedInLoop_ = &gone;
+    const ZrGuard<ZrDialog> self(this);
     result_ = Rejected;
     inLoop_ = true;
     keepLooping_ = true;
     ZrDesktop::pushModal(this);
     setVisible(true);
-    while (!gone && keepLooping_)
+    while (self && keepLooping_)
         ZrApplication::instance()->processEvents();
-    if (gone)
+    if (!self)
         return Rejected;
-    destroyedInLoop_ = nullptr;
     inLoop_ = false;
     ZrDesktop::popModal(this);
     setVisible(false);
@@ -63,7 +60,8 @@ void ZrDialog::centreOnScreen(const ZrSize &size)
 void ZrDialog::done(int result)
 {
     result_ = result;
-    if (!close())
+    const ZrGuard<ZrDialog> self(this);
+    if (!close() || !self)
         return;
     if (result == Accepted)
         emit(this, &accepted);

@@ -81,8 +81,12 @@ void BoxModel::drawBorder(ZrPainter &painter, const ZrRect &rect) const
 void BoxModel::drawFocusRing(ZrPainter &painter, const ZrRect &rect) const
 {
     const auto *frame = dynamic_cast<const ZrFrame *>(&widget_);
-    if (!widget_.hasFocus() || (frame && !frame->focusFrame()))
-        return;
+    if (widget_.hasFocus() && (!frame || frame->focusFrame()))
+        drawRing(painter, rect);
+}
+
+void BoxModel::drawRing(ZrPainter &painter, const ZrRect &rect) const
+{
     const int *thickness = group_.focusRing.get(0);
     const ZrSideColors *color = group_.borderColor.get(zrIndex(ZrVisualState::Focus));
     if (!thickness || !color)

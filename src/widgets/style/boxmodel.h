@@ -20,6 +20,8 @@ public:
     ZrRect draw(ZrPainter &painter, const ZrRect &rect) const;
     // The border alone, for what covers the contents' edge.
     void drawBorder(ZrPainter &painter, const ZrRect &rect) const;
+    // The sign of focus, also for a control that has it only in effect.
+    void drawRing(ZrPainter &painter, const ZrRect &rect) const;
     // Where the contents go, without drawing.
     ZrRect contents(const ZrRect &rect) const;
     // What the box takes beside the contents, both sides together.

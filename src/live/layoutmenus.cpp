@@ -19,6 +19,7 @@ constexpr float ButtonUnits = 50;
 constexpr float MarginUnits = 8;
 constexpr int NoMode = -1;
 
+// data: images/mainview-layout*-hover.png images/more-layout{,-hover}.png
 ZrImage loadImage(const ZrString &name)
 {
     return ZrImage(resolveResourcePath(ZrString("images/") + name + ZrString(".png")));

@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <zrapplication>
+#include <zrlayout>
 #include <zrmemsurface>
 #include <zrscreen>
 
@@ -19,6 +20,7 @@ ZrWidget::~ZrWidget()
     // The children die in the base, when this is no window any more to be told of it.
     if (lastFocus_)
         disconnect(lastFocus_, &lastFocus_->destroyed, this, forgetLastFocus);
+    leaveLayout();
     destroySurface();
     ZrDesktop::forgetWidget(this);
 }
@@ -49,6 +51,10 @@ void ZrWidget::setParent(ZrObject *newParent)
     ZrWidget *parent = static_cast<ZrWidget *>(newParent);
     if (newParent == ZrObject::parent() && newParent)
         return;
+    // A layout that brings its widgets along to another owner keeps them.
+    if (itemCache_ && itemCache_->holder() && itemCache_->holder()->parentWidget() != parent)
+        leaveLayout();
+    update(); // what it leaves
     if (parent) {
         destroySurface();
         windowFlags_ &= ~unsigned(Window);
@@ -70,6 +76,10 @@ void ZrWidget::setParent(ZrObject *newParent)
     }
     ZrObject::setParent(newParent);
     styleChanged();
+    if (isVisible()) {
+        activateLayouts();
+        update();
+    }
 }
 
 void ZrWidget::setWindowFlags(unsigned flags)
@@ -202,6 +212,7 @@ ZrWidget *ZrWidget::childAt(const ZrPoint &point)
 
 bool ZrWidget::event(ZrEvent *event)
 {
+    offerToLayouts(*event);
     switch (event->type()) {
     case ZrEvent::MousePress:
         if (focusPolicy_ & PointerFocus)
@@ -271,6 +282,10 @@ bool ZrWidget::event(ZrEvent *event)
     case ZrEvent::Drop:
         dropEvent(event);
         return true;
+    case ZrEvent::Broadcast: // the screen has another size, and texts with it
+        if (itemCache_)
+            itemCache_->invalidate();
+        return ZrObject::event(event);
     default:
         return ZrObject::event(event);
     }

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <zrapplication>
+#include <zrlayout>
 
 void ZrWidget::setGeometry(const ZrRect &geometry)
 {
@@ -34,21 +35,6 @@ void ZrWidget::resize(const ZrSize &size)
     setGeometry(ZrRect::fromEdges(geometry_.left(), geometry_.top(),
                                   geometry_.left() + size.width() - 1,
                                   geometry_.top() + size.height() - 1));
-}
-
-ZrSize ZrWidget::sizeHint() const
-{
-    return ZrSize(-1, -1);
-}
-
-ZrSize ZrWidget::minimumSizeHint() const
-{
-    return ZrSize(-1, -1);
-}
-
-int ZrWidget::heightForWidth(int) const
-{
-    return -1;
 }
 
 void ZrWidget::adjustSize()
@@ -96,6 +82,7 @@ void ZrWidget::setMinimumSize(int width, int height)
     if (width_ < width || height_ < height)
         resize(ZrSize(std::max(width_, width), std::max(height_, height)));
     setAttribute(ResizedByRequest, resizedByRequest);
+    updateGeometry();
 }
 
 void ZrWidget::setMaximumSize(int width, int height)
@@ -111,6 +98,7 @@ void ZrWidget::setMaximumSize(int width, int height)
     if (width_ > width || height_ > height)
         resize(ZrSize(std::min(width_, width), std::min(height_, height)));
     setAttribute(ResizedByRequest, resizedByRequest);
+    updateGeometry();
 }
 
 // The other side keeps its value and whether it was set explicitly.
@@ -165,11 +153,12 @@ void ZrWidget::setFixedHeight(int height)
 
 void ZrWidget::setContentsMargins(int left, int top, int right, int bottom)
 {
-    auto &margins = contentsMargins_;
-    if (margins.left == left && margins.top == top && margins.right == right &&
-        margins.bottom == bottom)
+    const Margins margins{left, top, right, bottom};
+    if (margins == contentsMargins_)
         return;
-    margins = {left, top, right, bottom};
+    contentsMargins_ = margins;
+    if (layout_)
+        layout_->invalidate();
     update();
 }
 

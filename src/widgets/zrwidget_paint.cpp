@@ -28,30 +28,24 @@ void ZrWidget::destroySurface()
 
 void ZrWidget::setVisible(bool visible)
 {
-    ZrWidget *parent = parentWidget();
-    if (!visible) {
-        if (isHidden())
-            return;
-        const bool wasVisible = isVisible();
-        const ZrRect area = rect();
-        setAttribute(HiddenByRequest);
-        if (wasVisible) {
-            if (parent)
-                update(area); // while it still counts as visible
-            hideTree();
-        }
-        if (isWindow()) {
-            if (surface_)
-                ZrScreen::instance()->updateWholeSurface(surface_);
-            ZrDesktop::setActiveWindow(nullptr);
-        }
-        return;
-    }
+    if (visible)
+        showByRequest();
+    else if (!isHidden())
+        hideByRequest();
+}
+
+void ZrWidget::showByRequest()
+{
+    const ZrWidget *parent = parentWidget();
+    const bool wasHiddenChild = parent && isHidden();
     setAttribute(HiddenByRequest, false);
     if (isVisible())
         return;
     if (!testAttribute(Created))
         create();
+    activateLayouts();
+    if (wasHiddenChild)
+        updateGeometry(true);
     if (isWindow()) {
         if (isPopup() && surface_)
             ZrScreen::instance()->raiseSurface(surface_);
@@ -59,10 +53,26 @@ void ZrWidget::setVisible(bool visible)
         if (surface_)
             ZrScreen::instance()->updateWholeSurface(surface_);
         ZrDesktop::setActiveWindow(this);
-    } else if (parent->isVisible()) {
+    } else if (parent && parent->isVisible()) {
         showTree(size());
         update();
     }
+}
+
+void ZrWidget::hideByRequest()
+{
+    ZrWidget *parent = parentWidget();
+    if (parent)
+        update(); // while it still counts as visible
+    setAttribute(HiddenByRequest);
+    hideTree();
+    if (parent) {
+        askForLayout(parent);
+        return;
+    }
+    if (surface_)
+        ZrScreen::instance()->updateWholeSurface(surface_);
+    ZrDesktop::setActiveWindow(nullptr);
 }
 
 // `shownSize` is the size of the widget on which the show began: a child that gets its first size
@@ -71,7 +81,7 @@ void ZrWidget::showTree(const ZrSize &shownSize)
 {
     if (isHidden() || isVisible())
         return;
-    if (geometry_.right() < geometry_.left() || geometry_.bottom() < geometry_.top()) {
+    if (hasNoSizeYet()) {
         const ZrSize hint = sizeHint();
         width_ = std::max(hint.width(), 0);
         height_ = std::max(hint.height(), 0);

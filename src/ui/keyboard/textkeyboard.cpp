@@ -131,7 +131,7 @@ void TextKeyboard::addLanguages(std::vector<KeyboardRow> &rows) const
         if (i % LanguagesInRow == 0)
             rows.emplace_back();
         KeyboardKey key =
-            wordKey(KeyboardKey::Layout, tr(Text::LanguageName + layoutAt(i).language), i, width);
+            wordKey(KeyboardKey::Layout, tr(Text::FirstLanguageName + layoutAt(i).language), i, width);
         key.on = i == layout_;
         rows.back().push_back(key);
     }

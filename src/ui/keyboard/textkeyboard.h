@@ -18,7 +18,8 @@ public:
     TextKeyboard(ZrWidget *target, Secrecy secrecy);
 
     int layout() const { return layout_; }
-    // An index of keyboardLayouts(). One that is chosen by its key is where the next keyboard begins.
+    // An index of keyboardLayouts(). One that is chosen by its key is where the next keyboard
+    // begins.
     void setLayout(int layout);
 
 protected:

@@ -15,6 +15,7 @@ namespace
 constexpr float KeyGap = 4;
 constexpr float Inset = 10;
 constexpr float FieldGap = 6;
+constexpr float ScreenEdge = 8;
 constexpr float ColumnWidth = 64;
 
 constexpr int RepeatDelayMs = 500;
@@ -62,7 +63,8 @@ void Keyboard::placeBesideTarget()
     const bool goesBelow = below >= height() || below >= above;
     const int y = goesBelow ? field.bottom() + 1 + gap : field.top() - gap - height();
     const int x = field.left() + (field.width() - width()) / 2;
-    move(ZrPoint(std::clamp(x, 0, std::max(0, screen.width() - width())),
+    const int edge = unitsX(ScreenEdge);
+    move(ZrPoint(std::clamp(x, edge, std::max(edge, screen.width() - width() - edge)),
                  std::clamp(y, 0, std::max(0, screen.height() - height()))));
 }
 

@@ -21,13 +21,21 @@ constexpr float CaptionInset = 8;
 
 const char *const StateWords[] = {"Normal", "Hover", "Focus", "On"};
 
+// Signs for what cannot be seen, or says too little by itself: the joiner that parts two letters,
+// and the key for all other forms of a kana.
+const struct {
+    ZrUcs2 text;
+    const char *caption;
+} Captions[] = {{0x200C, "]["}, {0x309B, "゛゜小"}};
+
 // A mark that stands alone is shown on the sign that stands for any letter.
 bool isMark(ZrUcs2 unit)
 {
     const struct {
         ZrUcs2 first, last;
-    } marks[] = {{0x0300, 0x036F}, {0x064B, 0x065F}, {0x0900, 0x0903}, {0x093A, 0x094F},
-                 {0x0E31, 0x0E31}, {0x0E34, 0x0E3A}, {0x0E47, 0x0E4E}, {0x0962, 0x0963}};
+    } marks[] = {{0x0300, 0x036F}, {0x05B0, 0x05BD}, {0x05C1, 0x05C2}, {0x064B, 0x065F},
+                 {0x0670, 0x0670}, {0x0900, 0x0903}, {0x093A, 0x094F}, {0x0E31, 0x0E31},
+                 {0x0E34, 0x0E3A}, {0x0E47, 0x0E4E}, {0x0962, 0x0963}};
     return std::any_of(std::begin(marks), std::end(marks), [unit](const auto &range) {
         return unit >= range.first && unit <= range.last && unit != 0x093D;
     });
@@ -47,6 +55,9 @@ ZrString shownCaption(const KeyboardKey &key)
 {
     if (!key.caption.isEmpty())
         return key.caption;
+    for (const auto &[text, caption] : Captions)
+        if (key.text == ZrString(text))
+            return ZrString(caption);
     return !key.text.isEmpty() && isMark(key.text.at(0)) ? ZrString(ZrUcs2(0x25CC)) + key.text
                                                          : key.text;
 }
@@ -105,7 +116,7 @@ void KeyboardLook::drawKey(ZrPainter &painter, const KeyboardKey &key, State sta
         background = specialBackground_;
         foreground = specialForeground_;
     }
-    if (key.on && state == Normal)
+    if ((key.on || key.action == KeyboardKey::Done) && state == Normal)
         background = background_[On];
     painter.fillRect(key.rect, background);
     // A pressed key is told from the one that the arrows stand on by its whole face.

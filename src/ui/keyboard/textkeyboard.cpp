@@ -12,7 +12,8 @@ namespace
 
 constexpr float LeastColumns = 11;
 constexpr float SideKeys = 2; // shift and erase
-constexpr int LanguagesInRow = 5;
+constexpr int LanguagesInRow = 6;
+constexpr float LanguageColumns = 14;
 
 // Units of a row's height; the more rows, the lower each.
 constexpr int RowUnits[] = {50, 50, 50, 50, 50, 50, 46, 44};
@@ -97,7 +98,7 @@ void TextKeyboard::rebuild()
         addLanguages(rows);
     const std::size_t last = std::size(RowUnits) - 1;
     const int rowUnits = RowUnits[std::min(last, rows.size())];
-    setRows(std::move(rows), columns(), rowUnits);
+    setRows(std::move(rows), page_ == Languages ? LanguageColumns : columns(), rowUnits);
 }
 
 void TextKeyboard::addLetters(std::vector<KeyboardRow> &rows) const
@@ -126,13 +127,13 @@ void TextKeyboard::addSymbols(std::vector<KeyboardRow> &rows) const
 
 void TextKeyboard::addLanguages(std::vector<KeyboardRow> &rows) const
 {
-    const float width = columns() / LanguagesInRow;
-    for (int i = 0; i < int(keyboardLayouts().size()); ++i) {
-        if (i % LanguagesInRow == 0)
+    for (int language = 0; language < ZrTranslation::LanguageCount; ++language) {
+        if (language % LanguagesInRow == 0)
             rows.emplace_back();
-        KeyboardKey key =
-            wordKey(KeyboardKey::Layout, tr(Text::FirstLanguageName + layoutAt(i).language), i, width);
-        key.on = i == layout_;
+        const int layout = keyboardLayoutOf(language);
+        KeyboardKey key = wordKey(KeyboardKey::Layout, tr(Text::FirstLanguageName + language),
+                                  layout, LanguageColumns / LanguagesInRow);
+        key.on = layout == layout_ && layoutAt(layout).language == language;
         rows.back().push_back(key);
     }
 }
@@ -210,6 +211,8 @@ KeyboardRow TextKeyboard::candidateRow() const
     const std::size_t count = std::size_t(candidatesFrom(firstCandidate_));
     for (std::size_t i = firstCandidate_; i < firstCandidate_ + count; ++i)
         add(spelling_->words()[i].text, int(i), 1);
+    if (count > 0)
+        row[1].on = true; // what the space key takes
     float used = SideKeys;
     for (const KeyboardKey &key : row)
         used += key.columns;

@@ -26,7 +26,7 @@ const char *const StateWords[] = {"Normal", "Hover", "Focus", "On"};
 const struct {
     ZrUcs2 text;
     const char *caption;
-} Captions[] = {{0x200C, "]["}, {0x309B, "゛゜小"}};
+} Captions[] = {{0x200C, "]["}, {0x309B, "゛゜"}};
 
 // A mark that stands alone is shown on the sign that stands for any letter.
 bool isMark(ZrUcs2 unit)

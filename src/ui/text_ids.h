@@ -25,9 +25,11 @@ enum Id {
     Recorder = 120000,
     Yes = 120003,
     No = 120004,
+    UsbDrive = 125735,
     Ok = 200000,
     Cancel = 200001,
     Close = 200002,
+    SelectAll = 200013,
     Continue = 200021,
     Disabled = 200042,
     Percent = 200056, // "%1" 0 to 100
@@ -37,7 +39,12 @@ enum Id {
     ReadingSettings = 200075,
     SearchingRecordings = 200076,
     CopyingFiles = 200078,
-    ClosesIn = 200083, // "%1" seconds
+    ClosesIn = 200083,    // "%1" seconds
+    ShortMonday = 200151, // and the six days behind it
+    NetworkFolder = 200284,
+    EraseEverything = 200286,
+    EraseRecordings = 200287,
+    EraseAiData = 200288,
     Date = 200175,
     Password = 200221,
     Gallery = 200360,

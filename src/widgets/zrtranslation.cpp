@@ -56,13 +56,18 @@ ZrString tr(int id)
 void ZrTranslation::createTranslation(ZrObject *parent)
 {
     if (!instance_)
-        instance_ = new ZrTranslation(parent); // owned by the parent
+        (new ZrTranslation(parent))->loadConfiguredLanguage(); // owned by the parent
+}
+
+void ZrTranslation::createWithLanguage(ZrObject *parent, std::uint32_t language)
+{
+    if (!instance_)
+        (new ZrTranslation(parent))->setLanguage(language); // owned by the parent
 }
 
 ZrTranslation::ZrTranslation(ZrObject *parent) : ZrObject(parent)
 {
     instance_ = this;
-    loadConfiguredLanguage();
 }
 
 ZrTranslation::~ZrTranslation()

@@ -15,7 +15,7 @@ namespace
 
 // Colours of style/mainview.ini as the framebuffer has them.
 constexpr std::uint16_t Selected = 0x8000 | 7 << 10 | 20 << 5 | 31;
-constexpr std::uint16_t PointerRim = 0x8000 | 2 << 10 | 2 << 5 | 3;
+constexpr std::uint16_t PointerRim = 0x8000 | 1 << 10 | 2 << 5 | 3;
 constexpr std::uint16_t Plain = 0x8000 | 5 << 10 | 6 << 5 | 7;
 
 std::string firstMismatch; // of the last look at a ring

@@ -27,6 +27,7 @@ ZrAbstractScrollArea::ZrAbstractScrollArea(ZrWidget *parent)
     viewport_->setObjectName(ZrString("zr_scrollarea_viewport"));
     for (ZrScrollBar *bar : {vertical_, horizontal_}) {
         bar->hide();
+        bar->setRange(0, 0);
         connect(bar, &bar->valueChanged, this, zrSlot<&ZrAbstractScrollArea::scrolled>);
     }
 }

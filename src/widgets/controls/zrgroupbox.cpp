@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <zrfontmetrics>
-#include <zrguard>
 #include <zrpainter>
 
 ZrGroupBox::ZrGroupBox(const ZrString &title, ZrWidget *parent) : ZrFrame(parent), title_(title)
@@ -118,6 +117,11 @@ void ZrGroupBox::mousePressEvent(ZrMouseEvent *event)
                        titleRect().contains(event->position()));
     if (event->isAccepted())
         toggle();
+}
+
+void ZrGroupBox::mouseDoubleClickEvent(ZrMouseEvent *event)
+{
+    mousePressEvent(event);
 }
 
 void ZrGroupBox::keyPressEvent(ZrKeyEvent *event)

@@ -159,7 +159,7 @@ ZrRect ZrListWidget::rowRect(int row) const
 
 void ZrListWidget::scrollToRow(int row)
 {
-    if (row < 0)
+    if (row < 0 || viewport()->height() <= 0)
         return;
     ZrScrollBar &bar = *verticalScrollBar();
     const int top = row * rowHeight();
@@ -172,6 +172,11 @@ void ZrListWidget::scrollToRow(int row)
 ZrSize ZrListWidget::contentsSize(const ZrSize &viewport) const
 {
     return ZrSize(viewport.width(), rowHeight() * count());
+}
+
+void ZrListWidget::viewportResized()
+{
+    scrollToRow(currentRow_);
 }
 
 ZrSize ZrListWidget::contentsHint() const

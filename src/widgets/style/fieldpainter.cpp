@@ -32,20 +32,14 @@ void drawTriangle(ZrPainter &painter, const ZrRect &box, Points points, const Zr
     }
 }
 
-// In its own size, or smaller when the box is, in the middle.
-void drawCentred(ZrPainter &painter, const ZrRect &box, const ZrPixmap &picture)
+// `side` pixels wide and high, in the middle of the box.
+void drawArrow(ZrPainter &painter, const ZrRect &box, int side, Points points,
+               const ZrPixmap *picture, const ZrColor *color)
 {
-    const int side = std::min({picture.width(), box.width(), box.height()});
     const ZrPoint middle = box.center();
-    painter.drawScaledPixmap(ZrRect(middle.x() - side / 2, middle.y() - side / 2, side, side),
-                             picture);
-}
-
-void drawArrow(ZrPainter &painter, const ZrRect &box, Points points, const ZrPixmap *picture,
-               const ZrColor *color)
-{
     if (picture)
-        drawCentred(painter, box, *picture);
+        painter.drawScaledPixmap(ZrRect(middle.x() - side / 2, middle.y() - side / 2, side, side),
+                                 *picture);
     else if (color)
         drawTriangle(painter, box, points, *color);
 }
@@ -68,7 +62,7 @@ void ZrStyle::drawComboBox(ZrWidget *widget, const ZrComboBoxOption *option) con
             ZrRect(arrow.left(), arrow.top() + 2 * border, border, arrow.height() - 4 * border),
             *line);
     const ZrColor *triangle = box.chain().pick(group.arrowColor);
-    drawArrow(painter, arrow, Points::Down, box.chain().pick(group.downArrow),
+    drawArrow(painter, arrow, arrow.height() / 2, Points::Down, box.chain().pick(group.downArrow),
               triangle ? triangle : box.chain().pick(group.foreground));
     const ZrRect room = combo->textRect();
     const ZrString text = combo->currentText();
@@ -103,7 +97,8 @@ void ZrStyle::drawSpinBox(ZrWidget *widget, const ZrSpinBoxOption *option) const
         }
         const ZrStateChain chain =
             spin->canStep(which) ? box.chain() : ZrStateChain(ZrStateChain::Disabled);
-        drawArrow(painter, place, points, chain.pick(pictures), chain.pick(group.foreground));
+        drawArrow(painter, place, std::min(place.width(), place.height()), points,
+                  chain.pick(pictures), chain.pick(group.foreground));
     };
     paintArrow(ZrSpinBox::UpArrow, Points::Up, group.upArrow);
     paintArrow(ZrSpinBox::DownArrow, Points::Down, group.downArrow);

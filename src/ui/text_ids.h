@@ -25,9 +25,11 @@ enum Id {
     Recorder = 120000,
     Yes = 120003,
     No = 120004,
+    UsbDrive = 125735,
     Ok = 200000,
     Cancel = 200001,
     Close = 200002,
+    SelectAll = 200013,
     Continue = 200021,
     Disabled = 200042,
     Percent = 200056, // "%1" 0 to 100
@@ -39,6 +41,7 @@ enum Id {
     CopyingFiles = 200078,
     ClosesIn = 200083,      // "%1" seconds
     MonthJanuary = 200101,  // and so on to December
+    ShortMonday = 200151,   // and the six days behind it
     WeekdayMonday = 200161, // one letter, and so on to Sunday
     MonthAndYear = 200170,  // "%1" the month, "%2" the year
     Date = 200175,
@@ -46,6 +49,10 @@ enum Id {
     KeySymbols = 200202,
     KeyLetters = 200205,
     Password = 200221,
+    NetworkFolder = 200284,
+    EraseEverything = 200286,
+    EraseRecordings = 200287,
+    EraseAiData = 200288,
     Gallery = 200360,
     GalleryButtons = 200361,
     GalleryChoices = 200362,

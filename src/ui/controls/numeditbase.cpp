@@ -12,7 +12,7 @@ NumEditBase::NumEditBase(std::vector<Number> numbers, ZrUcs2 separator, ZrWidget
 {
     for (const Number &limits : numbers)
         numbers_.push_back({limits, std::max(0, limits.least)});
-    show();
+    showNumbers();
 }
 
 void NumEditBase::setNumberRange(int index, int least, int most)
@@ -21,7 +21,7 @@ void NumEditBase::setNumberRange(int index, int least, int most)
     entry.limits.least = least;
     entry.limits.most = std::max(least, most);
     entry.value = std::clamp(entry.value, least, entry.limits.most);
-    show();
+    showNumbers();
 }
 
 int NumEditBase::numberValue(int index) const
@@ -38,7 +38,7 @@ void NumEditBase::setNumberValues(const std::vector<int> &values)
         entry.empty = false;
     }
     typed_ = 0;
-    show();
+    showNumbers();
 }
 
 bool NumEditBase::readNumbers(const ZrString &text)
@@ -68,7 +68,7 @@ ZrString NumEditBase::entryText(const Entry &entry) const
                                : ZrString::number(entry.value);
 }
 
-void NumEditBase::show()
+void NumEditBase::showNumbers()
 {
     ZrString text;
     for (const Entry &entry : numbers_) {
@@ -143,7 +143,7 @@ void NumEditBase::typeCharacter(ZrUcs2 unit)
         typeDigit(unit - '0');
     } else if (unit == '-' && number(current_).least < 0) {
         numbers_[std::size_t(current_)].value *= -1;
-        show();
+        showNumbers();
     } else if (unit == separator_ && typed_ > 0) {
         goTo(current_ + 1);
     }
@@ -175,7 +175,7 @@ void NumEditBase::typeDigit(int digit)
         ++current_;
         typed_ = 0;
     }
-    show();
+    showNumbers();
 }
 
 void NumEditBase::takeDigit()
@@ -189,7 +189,7 @@ void NumEditBase::takeDigit()
     entry.empty = std::abs(entry.value) < 10 && !entry.limits.padded && count() == 1;
     entry.value /= 10;
     typed_ = std::max(1, typed_ - 1);
-    show();
+    showNumbers();
 }
 
 // What was typed last may be below the least.
@@ -201,7 +201,7 @@ void NumEditBase::settle()
         numbers_[std::size_t(i)].value = value;
         numbers_[std::size_t(i)].empty = false;
     }
-    show();
+    showNumbers();
 }
 
 void NumEditBase::commit()

@@ -52,7 +52,7 @@ private:
     };
 
     ZrString entryText(const Entry &entry) const;
-    void show();
+    void showNumbers();
     void selectCurrent();
     bool goTo(int index);
     void typeCharacter(ZrUcs2 unit);

@@ -483,6 +483,7 @@ void ZrLineEdit::mousePressEvent(ZrMouseEvent *event)
         return;
     event->accept();
     dragging_ = true;
+    dragged_ = false;
     putCursor(event->position());
 }
 
@@ -492,6 +493,7 @@ void ZrLineEdit::mouseMoveEvent(ZrMouseEvent *event)
         return;
     event->accept();
     setSelection(editable_->anchor(), positionAt(event->position()));
+    dragged_ = dragged_ || hasSelection();
 }
 
 void ZrLineEdit::mouseReleaseEvent(ZrMouseEvent *event)
@@ -500,7 +502,7 @@ void ZrLineEdit::mouseReleaseEvent(ZrMouseEvent *event)
         return;
     event->accept();
     dragging_ = false;
-    if (!hasSelection())
+    if (!dragged_)
         clicked();
 }
 

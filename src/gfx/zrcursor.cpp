@@ -7,6 +7,9 @@
 namespace
 {
 
+// data: cursor-image/{arrow,cursor-uparrow,cursor-cross,cursor-wait,cursor-ibeam}.png
+// data: cursor-image/cursor-{sizev,sizeh,vsplit,hsplit,hand,forbidden,whatsthis}.png
+// data: cursor-image/cursor-{busy,openhand,closehand}.png
 constexpr const char *kFiles[ZrCursor::ShapeCount] = {
     "arrow.png",         "cursor-uparrow.png",  "cursor-cross.png",     "cursor-wait.png",
     "cursor-ibeam.png",  "cursor-sizev.png",    "cursor-sizeh.png",     "cursor-vsplit.png",

@@ -16,6 +16,7 @@ constexpr int Normal = zrIndex(ZrVisualState::Normal);
 constexpr int Hover = zrIndex(ZrVisualState::Hover);
 constexpr int Focus = zrIndex(ZrVisualState::Focus);
 constexpr int Disabled = zrIndex(ZrVisualState::Disabled);
+constexpr int LastState = zrIndex(ZrVisualState::FocusOn);
 const char *const StateWords[] = {"Normal", "Hover", "Focus", "Disabled"};
 
 // Sets of states.
@@ -24,6 +25,9 @@ constexpr int H = 1 << Hover;
 constexpr int F = 1 << Focus;
 constexpr int D = 1 << Disabled;
 constexpr int All = N | H | F | D;
+// Down or checked, whether the pointer or the focus is there or not.
+constexpr int O = 1 << zrIndex(ZrVisualState::On) | 1 << zrIndex(ZrVisualState::HoverOn) |
+                  1 << zrIndex(ZrVisualState::FocusOn);
 
 // Units; the sizes that the style file does not name.
 constexpr float BaseFontUnits = 17;
@@ -94,6 +98,13 @@ const ColorKeys Colors[] = {
     {"ZrLineEdit/Background/", ColorKeys::ByState, All, fill<&ZrStyle::lineEditOption, Background>},
     {"ZrLineEdit/Border/", ColorKeys::ByState, All, thinBorder<&ZrStyle::lineEditOption>},
 
+    {"LineEdit/Selected/Foreground", ColorKeys::Whole, N,
+     fill<&ZrStyle::lineEditOption, &ZrLineEditOption::selectionForeground>},
+    {"LineEdit/Selected/Background", ColorKeys::Whole, N,
+     fill<&ZrStyle::lineEditOption, &ZrLineEditOption::selectionBackground>},
+    {"LineEdit/Hint/Foreground", ColorKeys::Whole, N,
+     fill<&ZrStyle::lineEditOption, &ZrLineEditOption::hint>},
+
     {"ZrComboBox/Border/", ColorKeys::ByState, All, thinBorder<&ZrStyle::comboBoxOption>},
     {"ZrComboBox/Foreground/", ColorKeys::ByState, All, fill<&ZrStyle::comboBoxOption, Foreground>},
     {"ZrComboBox/Background/", ColorKeys::ByState, All, fill<&ZrStyle::comboBoxOption, Background>},
@@ -146,6 +157,19 @@ const ColorKeys Colors[] = {
      fill<&ZrStyle::scrollBarOption, &ZrScrollBarOption::groove>},
     {"ZrScrollBar/Slider/", ColorKeys::ByState, N | H | F,
      fill<&ZrStyle::scrollBarOption, &ZrScrollBarOption::slider>},
+
+    // What the classes' own sections leave open.
+    {"Common/Background/Current", ColorKeys::Whole, O,
+     fill<&ZrStyle::pushButtonOption, Background>},
+    {"Common/Accent/Color", ColorKeys::Whole, O, border<&ZrStyle::pushButtonOption>},
+    {"Common/Background/Raised", ColorKeys::Whole, N, fill<&ZrStyle::listOption, Background>},
+    {"Common/Background/Hover", ColorKeys::Whole, H, fill<&ZrStyle::listOption, Background>},
+    {"Common/Foreground/Normal", ColorKeys::Whole, N, fill<&ZrStyle::listOption, Foreground>},
+    {"Common/Foreground/Disabled", ColorKeys::Whole, D, fill<&ZrStyle::listOption, Foreground>},
+    {"Common/Accent/Color", ColorKeys::Whole, N, fill<&ZrStyle::listOption, &ZrListOption::mark>},
+    {"Common/Border/", ColorKeys::ByState, N | F, border<&ZrStyle::frameOption>},
+    {"Common/Background/Raised", ColorKeys::Whole, N,
+     fill<&ZrStyle::progressBarOption, Background>},
 
     {"ZrToolTip/Foreground", ColorKeys::Whole, N, fill<&ZrStyle::toolTipOption, Foreground>},
     {"ZrToolTip/Background", ColorKeys::Whole, N, fill<&ZrStyle::toolTipOption, Background>},
@@ -205,7 +229,7 @@ const ImageFile Images[] = {
 void loadColors(const ZrIniFile &file, ZrStyle &style)
 {
     for (const ColorKeys &keys : Colors)
-        for (int state = Normal; state <= Disabled; ++state) {
+        for (int state = Normal; state <= LastState; ++state) {
             if (!(keys.states & 1 << state))
                 continue;
             ZrString key(keys.prefix);
@@ -218,6 +242,8 @@ void loadColors(const ZrIniFile &file, ZrStyle &style)
 void loadWidths(const ZrIniFile &file, ZrStyle &style)
 {
     const ZrSides button(file.intValue(ZrString("ZrPushButton/BorderWidth")));
+    // Without a colour the border is not drawn; its room keeps the text from moving.
+    style.pushButtonOption().borderWidth.set(Normal, button);
     style.pushButtonOption().borderWidth.set(Hover, button);
     style.pushButtonOption().borderWidth.set(Focus, button);
     const int checkBox = file.intValue(ZrString("ZrCheckBox/Border/width"));

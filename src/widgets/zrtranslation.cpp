@@ -2,11 +2,10 @@
 
 #include "link/general_records.h"
 #include "link/startup.h"
+#include "widgets/languagefile.h"
 
 #include <cstdio>
-#include <tinyxml.h>
 #include <zrdir>
-#include <zrhash>
 
 ZrTranslation *ZrTranslation::instance_ = nullptr;
 
@@ -21,8 +20,6 @@ const char *const LanguageNames[ZrTranslation::LanguageCount] = {
     "arabic",     "hindi",           "vietnam", "holland",   "turkey",    "persion",  "svenska",
     "korean",     "indonesia",       "brazile", "flemish",   "ukrainian", "slovak"};
 
-using Texts = ZrHash<std::uint32_t, ZrString>;
-
 Texts &translations()
 {
     static Texts texts;
@@ -31,36 +28,23 @@ Texts &translations()
 
 std::uint32_t current = ZrTranslation::NoLanguage;
 
-ZrString pathOf(std::uint32_t language)
+ZrDir languageFolder()
 {
-    return resolveResourcePath(ZrString("./language")) + ZrString("/") +
-           ZrTranslation::languageFiles().at(int(language));
+    return ZrDir(resolveResourcePath(ZrString("./language")));
 }
 
-bool exists(std::uint32_t language)
+ZrString fileOf(std::uint32_t language)
 {
-    return ZrDir().exists(pathOf(language));
+    return ZrString("%1%2%3")
+        .arg(ZrString("tran_"))
+        .arg(ZrString(LanguageNames[language]))
+        .arg(ZrString(".xml"));
 }
 
 bool isSet(std::uint32_t low, std::uint32_t high, std::uint32_t language)
 {
     return language < 32 ? low >> language & 1u : high >> (language - 32) & 1u;
 }
-
-class ZrXmlVisitor : public TiXmlVisitor
-{
-public:
-    bool VisitEnter(const TiXmlElement &element, const TiXmlAttribute *) override
-    {
-        if (element.ValueStr() != "tr")
-            return true;
-        int id = -1;
-        element.QueryIntAttribute("id", &id);
-        if (id >= 0)
-            translations().insert(std::uint32_t(id), ZrString(element.Attribute("text")));
-        return true;
-    }
-};
 
 } // namespace
 
@@ -72,13 +56,18 @@ ZrString tr(int id)
 void ZrTranslation::createTranslation(ZrObject *parent)
 {
     if (!instance_)
-        instance_ = new ZrTranslation(parent); // owned by the parent
+        (new ZrTranslation(parent))->loadConfiguredLanguage(); // owned by the parent
+}
+
+void ZrTranslation::createWithLanguage(ZrObject *parent, std::uint32_t language)
+{
+    if (!instance_)
+        (new ZrTranslation(parent))->setLanguage(language); // owned by the parent
 }
 
 ZrTranslation::ZrTranslation(ZrObject *parent) : ZrObject(parent)
 {
     instance_ = this;
-    loadConfiguredLanguage();
 }
 
 ZrTranslation::~ZrTranslation()
@@ -91,21 +80,19 @@ std::uint32_t ZrTranslation::currentLanguage() const
     return current;
 }
 
-ZrStringList ZrTranslation::languageFiles()
+void ZrTranslation::languageFiles(ZrList<ZrString> *files)
 {
-    ZrStringList files;
-    for (const char *name : LanguageNames)
-        files.append(
-            ZrString("%1%2%3").arg(ZrString("tran_")).arg(ZrString(name)).arg(ZrString(".xml")));
-    return files;
+    for (std::uint32_t language = 0; language < LanguageCount; ++language)
+        files->append(fileOf(language));
 }
 
 void ZrTranslation::availableLanguages(std::uint32_t *lowMask, std::uint32_t *highMask)
 {
     std::uint32_t low = 0;
     std::uint32_t high = 0;
+    const ZrDir folder = languageFolder();
     for (std::uint32_t language = 0; language < LanguageCount; ++language) {
-        if (!exists(language))
+        if (!folder.exists(fileOf(language)))
             continue;
         if (language < 32)
             low |= 1u << language;
@@ -148,18 +135,15 @@ void ZrTranslation::setLanguage(std::uint32_t language)
     if (language == current)
         return;
     current = language;
-    if (language >= LanguageCount || !exists(language)) {
+    const ZrDir folder = languageFolder();
+    if (language >= LanguageCount || !folder.exists(fileOf(language))) {
         std::puts("No language package found !!!");
         return;
     }
-    const ZrByteArray path = pathOf(language).toUtf8();
-    TiXmlDocument document;
-    if (!document.LoadFile(path.constData(), TIXML_ENCODING_UTF8)) {
+    const ZrByteArray path = folder.filePath(fileOf(language)).toUtf8();
+    if (!readLanguageFile(path.constData(), &translations())) {
         std::printf("Translation file %s load failed !!!\n", path.constData());
         return;
     }
-    translations().clear();
-    ZrXmlVisitor visitor;
-    document.Accept(&visitor);
     emit(this, &languageChanged);
 }

@@ -131,6 +131,28 @@ std::size_t utf8ToUtf16(const char *bytes, std::size_t length, std::uint16_t *un
     return std::size_t(to - units);
 }
 
+bool isUtf8(const char *bytes, std::size_t length)
+{
+    const auto *at = reinterpret_cast<const std::uint8_t *>(bytes);
+    const std::uint8_t *const end = at + length;
+    while (at < end) {
+        std::uint64_t word = 0;
+        while (end - at >= 8 && (std::memcpy(&word, at, 8), !(word & 0x8080808080808080u)))
+            at += 8;
+        if (at == end)
+            break;
+        const Lead lead = classify(*at);
+        if (*at >= 0x80 && lead.trails == 0)
+            return false;
+        ++at;
+        for (int i = 0; i < lead.trails; i++, at++) {
+            if (at == end || (i == 0 ? *at < lead.lowest || *at > lead.highest : !isTrail(*at)))
+                return false;
+        }
+    }
+    return true;
+}
+
 std::size_t utf16ToUtf8(const std::uint16_t *units, std::size_t length, char *bytes)
 {
     auto *to = reinterpret_cast<std::uint8_t *>(bytes);

@@ -15,6 +15,9 @@ std::size_t utf8ToUtf16(const char *bytes, std::size_t length, std::uint16_t *un
 // becomes U+FFFD.
 std::size_t utf16ToUtf8(const std::uint16_t *units, std::size_t length, char *bytes);
 
+// Whether the bytes are whole, well-formed characters.
+bool isUtf8(const char *bytes, std::size_t length);
+
 constexpr bool isHighSurrogate(std::uint32_t unit)
 {
     return (unit & 0xFC00) == 0xD800;

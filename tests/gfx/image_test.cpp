@@ -212,6 +212,36 @@ TEST(Image, FilesAreReadLikeBuffers)
     EXPECT_EQ(std::memcmp(image.bits(), picture.pixels.data(), picture.pixels.size() * 4), 0);
 }
 
+// A maker's mistake: what a file holds decides, not what it is called.
+TEST(Image, WrongFilesUnderTheRightName)
+{
+    const std::string jpeg = encodeJpeg(JpegColours::Rgb, JpegScans::Baseline, 16, 12, 9);
+    std::string huge = encodePng(PngKind{PNG_COLOR_TYPE_RGB, 8, false, false}).file;
+    putBigEndian(huge, 16, 20000);
+    putBigEndian(huge, 20, 20000);
+    const struct {
+        const char *what;
+        std::string bytes;
+        int width;
+    } files[] = {
+        {"a JPEG", jpeg, 16},
+        {"nothing", "", 0},
+        {"a text", "; Colours\n[ZrLabel]\n", 0},
+        {"a signature", huge.substr(0, 8), 0},
+        {"400 megapixels", huge, 0},
+    };
+    const std::string path = testing::TempDir() + "zr_wrong_" + std::to_string(getpid()) + ".png";
+    testing::internal::CaptureStderr();
+    for (const auto &file : files) {
+        std::ofstream(path, std::ios::binary) << file.bytes;
+        const ZrPixmap image{ZrString(path.c_str())};
+        EXPECT_EQ(image.width(), file.width) << file.what;
+        EXPECT_EQ(image.isNull(), file.width == 0) << file.what;
+    }
+    std::remove(path.c_str());
+    testing::internal::GetCapturedStderr();
+}
+
 TEST(Image, CopiesShareUntilOneIsWritten)
 {
     const ZrImage original(3, 2, ZrColor(10, 20, 30));

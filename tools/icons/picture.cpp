@@ -3,6 +3,22 @@
 #include <algorithm>
 #include <png.h>
 
+namespace
+{
+
+bool write(const std::string &path, png_uint_32 format, int width, int height,
+           const std::vector<std::uint8_t> &pixels)
+{
+    png_image image = {};
+    image.version = PNG_IMAGE_VERSION;
+    image.width = png_uint_32(width);
+    image.height = png_uint_32(height);
+    image.format = format;
+    return png_image_write_to_file(&image, path.c_str(), 0, pixels.data(), 0, nullptr) != 0;
+}
+
+} // namespace
+
 void Picture::cover(int x, int y, Color color, int coverage)
 {
     if (x < 0 || y < 0 || x >= width_ || y >= height_ || coverage <= 0)
@@ -71,12 +87,18 @@ Picture Picture::scaled(int width, int height) const
 
 bool Picture::save(const std::string &path) const
 {
-    png_image image = {};
-    image.version = PNG_IMAGE_VERSION;
-    image.width = png_uint_32(width_);
-    image.height = png_uint_32(height_);
-    image.format = PNG_FORMAT_RGBA;
-    return png_image_write_to_file(&image, path.c_str(), 0, pixels_.data(), 0, nullptr) != 0;
+    return write(path, PNG_FORMAT_RGBA, width_, height_, pixels_);
+}
+
+bool Picture::saveAsShown(const std::string &path) const
+{
+    constexpr int ShownBits = 0xF8;
+    std::vector<std::uint8_t> shown;
+    for (std::size_t i = 0; i < pixels_.size(); ++i) {
+        if (i % 4 != 3)
+            shown.push_back(pixels_[i] & ShownBits);
+    }
+    return write(path, PNG_FORMAT_RGB, width_, height_, shown);
 }
 
 Picture Picture::load(const std::string &path)

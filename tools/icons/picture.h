@@ -35,6 +35,8 @@ public:
     Picture scaled(int width, int height) const;
 
     bool save(const std::string &path) const;
+    // Opaque, in the colours that a screen of five bits a channel can show.
+    bool saveAsShown(const std::string &path) const;
     // Empty when the file is no PNG.
     static Picture load(const std::string &path);
 

@@ -19,7 +19,7 @@ constexpr float Hair = 0.01f;
 // A pointer is a mask on the screen, without half-transparent pixels: a light shape with a dark rim
 // reads on any picture.
 constexpr Color Fill{248, 248, 248};
-constexpr Color Rim{16, 20, 24};
+constexpr Color Rim{8, 16, 24};
 
 Picture drawPointer(const Drawing &drawing, int side)
 {

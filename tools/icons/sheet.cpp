@@ -118,6 +118,6 @@ void makeSheet(IconFont &labels, const std::vector<std::string> &folders, const 
     sheet.fill([](Point) { return -1.0f; }, roleColor("panel", State::Normal));
     for (const Placed &cell : placed)
         sheet.draw(cell.x, cell.y, cell.picture);
-    if (!sheet.save(file))
+    if (!sheet.saveAsShown(file))
         throw std::runtime_error("cannot write " + file);
 }

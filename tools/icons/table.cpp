@@ -1,11 +1,13 @@
 #include "table.h"
 
 #include <fstream>
-#include <sstream>
+#include <stdexcept>
 
 std::vector<std::string> readTable(const std::string &path)
 {
     std::ifstream file(path);
+    if (!file)
+        throw std::runtime_error("cannot read the table " + path);
     std::vector<std::string> lines;
     for (std::string line; std::getline(file, line);) {
         const std::size_t text = line.find_first_not_of(' ');

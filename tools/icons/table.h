@@ -6,7 +6,7 @@
 #include <vector>
 
 // The lines of a table without comments and empty ones. A line that begins with a blank goes on
-// with the one before it.
+// with the one before it. Throws when the file cannot be read.
 std::vector<std::string> readTable(const std::string &path);
 
 struct TwinName {

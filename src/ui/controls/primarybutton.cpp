@@ -6,6 +6,7 @@
 
 void makePrimary(ZrPushButton *button)
 {
+    // data: style/commonstyle.ini Common/Primary/{Fore,Back}ground/{Normal,Hover,Focus,Disabled}
     const ZrIniFile &file = commonStyleFile();
     ZrPushButtonOption &option = button->style().pushButtonOption();
     const char *const states[] = {"Normal", "Hover", "Focus", "Disabled"};

@@ -1,4 +1,4 @@
-// Fields that are typed into.
+// A line of text with its hint, selection and cursor.
 #include <zrstyle>
 
 #include "widgets/style/boxmodel.h"

@@ -1,0 +1,61 @@
+#include "gallerypage.h"
+
+#include "ui/scale.h"
+#include "ui/stylefiles.h"
+
+#include <zrapplication>
+#include <zrtranslation>
+
+namespace
+{
+
+constexpr float CaptionWidth = 180;
+constexpr float GapX = 16;
+constexpr float GapY = 12;
+constexpr float Top = 16;
+constexpr float Left = 24;
+
+} // namespace
+
+GalleryPage::GalleryPage(ZrWidget *parent) : ZrWidget(parent), nextY_(Top) {}
+
+void GalleryPage::beginRow(int captionText, float height)
+{
+    if (rowHeight_ > 0)
+        nextY_ += rowHeight_ + GapY;
+    rowHeight_ = height;
+    nextX_ = Left;
+    auto *caption = new ZrLabel(tr(captionText), this);
+    caption->setAlignment(Zr::AlignLeft | Zr::AlignVCenter);
+    caption->setElided(true);
+    caption->style().labelOption().foreground.set(
+        zrIndex(ZrVisualState::Normal),
+        commonStyleFile().colorValue(ZrString("Common/Foreground/Dim")));
+    caption->setGeometry(ZrRect(unitsX(nextX_), unitsY(nextY_), unitsX(CaptionWidth),
+                                unitsY(std::min(height, 40.f))));
+    nextX_ += CaptionWidth + GapX;
+}
+
+void GalleryPage::place(ZrWidget *control, float width, Pose pose)
+{
+    control->setParent(this);
+    control->setGeometry(ZrRect(unitsX(nextX_), unitsY(nextY_), unitsX(width), unitsY(rowHeight_)));
+    nextX_ += width + GapX;
+    if (pose == Pose::Disabled)
+        control->setEnabled(false);
+    else if (pose != Pose::AsItIs)
+        posed_.append({control, pose});
+}
+
+void GalleryPage::strikePoses()
+{
+    for (const Posed &posed : posed_) {
+        if (posed.pose == Pose::Hovered) {
+            ZrHoverEvent event(ZrEvent::HoverEnter, ZrPoint());
+            ZrApplication::notify(posed.control, &event);
+        } else {
+            ZrFocusEvent event(ZrEvent::FocusIn, Zr::KeyManagerFocus);
+            ZrApplication::notify(posed.control, &event);
+        }
+    }
+}

@@ -1,0 +1,36 @@
+// Labels, and buttons that open dialogs.
+#include "pages.h"
+
+#include "samples.h"
+#include "ui/scale.h"
+#include "ui/text_ids.h"
+
+#include <zrpushbutton>
+#include <zrtranslation>
+
+void fillLabels(GalleryPage &page)
+{
+    page.beginRow(Text::GalleryLargeTitle);
+    auto *title = page.add(new ZrLabel(tr(Text::GalleryLargeTitle)), 540);
+    title->setFont(ZrFont(fontUnits(20)), 0);
+    page.beginRow(Text::GallerySmallHint);
+    auto *hint = page.add(new ZrLabel(tr(Text::GallerySmallHint)), 540);
+    hint->setFont(ZrFont(fontUnits(13)), 0);
+    page.beginRow(Text::GalleryLabels, 100);
+    auto *paragraph = page.add(new ZrLabel(tr(Text::GalleryLongText)), 540);
+    paragraph->setWordWrap(true);
+    paragraph->setAlignment(Zr::AlignLeft | Zr::AlignTop);
+    page.beginRow(Text::GalleryLabels);
+    page.add(new ZrLabel(tr(Text::GalleryLongText)), 300)->setElided(true);
+    page.beginRow(Text::GalleryTip);
+    page.add(new ZrPushButton(tr(Text::GalleryTip)), 200)->setToolTip(tr(Text::GalleryTip));
+}
+
+void fillDialogs(GalleryPage &page)
+{
+    for (int i = 0; i < SampleCount; ++i) {
+        page.beginRow(Samples[i].title);
+        auto *button = page.add(new SampleButton(Samples[i]), 300);
+        button->setText(tr(Samples[i].title));
+    }
+}

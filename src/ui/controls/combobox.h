@@ -1,0 +1,29 @@
+// The combo box of the screens: rows high enough for a shaky hand, and texts that follow the
+// language.
+#pragma once
+
+#include <zrcombobox>
+
+class ComboBox : public ZrComboBox
+{
+    ZR_OBJECT(ComboBox, ZrComboBox)
+public:
+    explicit ComboBox(ZrWidget *parent = nullptr);
+
+    // A row with the text of this number. All rows added with numbers change with the language.
+    void addText(int textId, int data = 0);
+
+    ZrSize sizeHint() const override;
+
+protected:
+    int popupRowHeight() const override;
+
+private:
+    void retranslate();
+
+    struct Row {
+        int data;
+        int textId;
+    };
+    ZrList<Row> textRows_;
+};

@@ -156,7 +156,8 @@ void ZrWidget::lower()
 
 void ZrWidget::update()
 {
-    update(ZrRegion(rect()));
+    if (isVisible())
+        update(ZrRegion(rect()));
 }
 
 void ZrWidget::update(const ZrRect &area)

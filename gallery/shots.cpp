@@ -70,7 +70,8 @@ std::string shortName(const ZrString &file)
 bool takeLanguages(const std::string &folder, const std::string &onlyPage,
                    const VirtualBoard &board)
 {
-    const ZrStringList files = ZrTranslation::languageFiles();
+    ZrList<ZrString> files;
+    ZrTranslation::languageFiles(&files);
     std::uint32_t low = 0;
     std::uint32_t high = 0;
     ZrTranslation::availableLanguages(&low, &high);

@@ -28,9 +28,13 @@ ZrImage loadImage(const ZrString &name)
 LayoutButton *modeButton(int id, ZrWidget *menu)
 {
     const ZrString file = ZrString("mainview-layout") + ZrString(live::SplitModes[id].name);
-    auto *button = new LayoutButton(file, id, menu); // owned by the menu
-    button->setToolTip(ZrVideoScreenLayoutManager::instance()->nameOfMode(id));
-    return button;
+    return new LayoutButton(file, id, menu); // owned by the menu
+}
+
+void nameModes(const ZrVector<LayoutButton *> &buttons)
+{
+    for (LayoutButton *button : buttons)
+        button->setToolTip(ZrVideoScreenLayoutManager::instance()->nameOfMode(button->modeId()));
 }
 
 // Where the nth button of a grid stands.
@@ -116,7 +120,6 @@ void LayoutButton::focusOutEvent(ZrFocusEvent *event)
 ScreanLayoutMenu::ScreanLayoutMenu(ZrWidget *parent)
     : ZrWidget(parent), more_(new LayoutButton(ZrString("more-layout"), NoMode, this))
 {
-    setToolTip(tr(Text::SplitModes));
     for (int i = 0; i < live::offeredRegularModes(channelCount()); ++i) {
         LayoutButton *button = modeButton(live::RegularModes[i], this);
         button->setGeometry(gridPlace(i, int(std::size(live::RegularModes)) + 1));
@@ -125,6 +128,15 @@ ScreanLayoutMenu::ScreanLayoutMenu(ZrWidget *parent)
     }
     more_->setGeometry(gridPlace(buttons_.size(), int(std::size(live::RegularModes)) + 1));
     connect(more_, &more_->clicked, this, zrSlot<&ScreanLayoutMenu::showMore>);
+    if (ZrTranslation *texts = ZrTranslation::instance())
+        connect(texts, &texts->languageChanged, this, zrSlot<&ScreanLayoutMenu::retranslate>);
+    retranslate();
+}
+
+void ScreanLayoutMenu::retranslate()
+{
+    setToolTip(tr(Text::SplitModes));
+    nameModes(buttons_);
 }
 
 ZrSize ScreanLayoutMenu::sizeHint() const
@@ -173,6 +185,14 @@ MoreLayoutMenu::MoreLayoutMenu()
         connect(button, &button->clicked, this, zrSlot<&MoreLayoutMenu::pick>);
         buttons_.append(button);
     }
+    if (ZrTranslation *texts = ZrTranslation::instance())
+        connect(texts, &texts->languageChanged, this, zrSlot<&MoreLayoutMenu::retranslate>);
+    retranslate();
+}
+
+void MoreLayoutMenu::retranslate()
+{
+    nameModes(buttons_);
 }
 
 MoreLayoutMenu::~MoreLayoutMenu()

@@ -43,6 +43,7 @@ public:
     ZrSize sizeHint() const override;
 
 private:
+    void retranslate();
     void pick(ZrObject *button);
     void showMore();
 
@@ -68,6 +69,7 @@ protected:
 
 private:
     MoreLayoutMenu();
+    void retranslate();
     void pick(ZrObject *button);
 
     static MoreLayoutMenu *instance_;

@@ -270,8 +270,10 @@ void MainViewVideo::refreshStateLabel()
 {
     const int text = inUse_ ? stateText() : 0;
     const bool keepsPresentText = channel_ && channel_->isOnline() && channel_->videoStatus() == 1;
-    if (text != 0) {
-        stateLabel_->setText(tr(text));
+    if (text != 0)
+        shownText_ = text;
+    if (shownText_ != 0 && (text != 0 || keepsPresentText)) {
+        stateLabel_->setText(tr(shownText_));
         placeStateLabel();
     }
     stateLabel_->setWanted(text != 0 || keepsPresentText);

@@ -65,6 +65,7 @@ private:
     VideoLabel *stateLabel_;
     RecordFlagBox *flagBox_;
     BorderStyle borderStyle_ = Unused;
+    int shownText_ = 0; // id of the state label's
     bool inUse_ = false;
     bool selected_ = false;
     bool enlarged_ = false;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <zrapplication>
+#include <zrtranslation>
 
 class ZrVideoScreen::HoleHold
 {
@@ -33,6 +34,8 @@ ZrVideoScreen::ZrVideoScreen(const ZrRect &mainRect) : mainRect_(mainRect)
     setAttribute(DeleteOnClose, false);
     updateStyle();
     setGeometry(mainRect);
+    if (ZrTranslation *texts = ZrTranslation::instance())
+        connect(texts, &texts->languageChanged, this, zrSlot<&ZrVideoScreen::refreshStateLabels>);
 }
 
 ZrVideoScreen::~ZrVideoScreen() = default;

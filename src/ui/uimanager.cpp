@@ -54,6 +54,8 @@ UiManager::UiManager(ZrObject *application, const UiManagerParts &parts) : ZrObj
     readParameter(SwitchKind, SwitchSize);
     sendProcessId();
     sendStringTable();
+    if (ZrTranslation *texts = ZrTranslation::instance())
+        connect(texts, &texts->languageChanged, this, zrSlot<&UiManager::retranslate>);
     armStartupTimer(parts.countIpCameras());
     channelStates_.resize(channelCount());
 }
@@ -94,6 +96,11 @@ void UiManager::loadGeneralParams()
     if (ZrTranslation::instance())
         ZrTranslation::instance()->loadConfiguredLanguage();
     emit(this, &generalParamsChanged);
+}
+
+void UiManager::retranslate()
+{
+    sendStringTable();
 }
 
 ZrString UiManager::dateTimeFormat() const

@@ -51,6 +51,7 @@ private:
     bool handleInPlace(const AppMessage &message);
     void setTimeZone(WireReader body);
     void parameterChanged(WireReader body);
+    void retranslate();
 
     static UiManager *instance_;
     ZrVector<int> channelStates_;

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "e2e/recorder.h"
+#include "link/general_records.h"
 
 #include <algorithm>
 
@@ -186,6 +187,37 @@ TEST_F(Live, ACameraThatGoesGetsItsTextAndAnOldOneItsSetAnew)
     EXPECT_TRUE(waitUntil([&] { return opaquePixels(*recorder, center) > 50; }));
     recorder->app().change([](SimDevice &device) { device.channel(3).state = SimChannel::Online; });
     EXPECT_TRUE(waitUntil([&] { return opaquePixels(*recorder, center) == 0; }));
+}
+
+TEST_F(Live, ALanguageChosenAtRunTimeReachesTheScreenAndApp)
+{
+    const ZrRect cell = recorder->cell(3);
+    const ZrRect center(cell.left() + cell.width() / 2 - 80, cell.top() + cell.height() / 2 - 16,
+                        160, 32);
+    const auto label = [&] {
+        std::vector<std::uint16_t> pixels;
+        for (int y = center.top(); y <= center.bottom(); ++y) {
+            for (int x = center.left(); x <= center.right(); ++x)
+                pixels.push_back(recorder->pixel(x, y));
+        }
+        return pixels;
+    };
+    recorder->app().change(
+        [](SimDevice &device) { device.channel(3).state = SimChannel::NoCamera; });
+    ASSERT_TRUE(waitUntil([&] { return opaquePixels(*recorder, center) > 50; }));
+    const std::vector<std::uint16_t> english = label();
+    constexpr std::uint8_t Chinese = 0;
+    recorder->app().changeParam(GeneralParams::Kind, [](std::vector<std::uint8_t> &record) {
+        record[GeneralParams::OffsetLanguage] = Chinese;
+    });
+    EXPECT_TRUE(
+        waitUntil([&] { return label() != english && opaquePixels(*recorder, center) > 50; }));
+    // What App paints itself goes there anew.
+    const auto table = recorder->app().waitMessage(600, 9, 2);
+    ASSERT_TRUE(table) << recorder->output();
+    WireReader texts(table->body.data(), table->body.size());
+    constexpr std::size_t Area = 284;
+    EXPECT_GE(texts.text(Area, 64).at(0), 0x4E00) << "a Chinese character";
 }
 
 TEST_F(Live, AnAppThatVanishesAndReturnsIsReconnectedOnce)

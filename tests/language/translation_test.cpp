@@ -1,8 +1,5 @@
 // The translator: which language it takes, what it tells, and whom.
-#include "link/appcalls.h"
-#include "link/applink.h"
-#include "link/general_records.h"
-#include "workbench/simapp/simapp.h"
+#include "language/translatorapp.h"
 
 #include <gtest/gtest.h>
 
@@ -58,33 +55,11 @@ protected:
 class TranslatorTest : public TranslationTest
 {
 protected:
-    TranslatorTest()
-    {
-        SimApp::Options options;
-        options.socketPath = folder_ + "/app";
-        app_ = std::make_unique<SimApp>(options);
-        link_ = std::make_unique<AppLink>(options.socketPath);
-        appUseLink(link_.get());
-        EXPECT_TRUE(app_->start());
-        appLinkStart(nullptr);
-    }
-    ~TranslatorTest() override
-    {
-        link_->stop();
-        appUseLink(nullptr);
-    }
+    TranslatorTest() : app_(folder_ + "/app") {}
 
     void configure(std::uint32_t language, std::uint32_t low, std::uint32_t high)
     {
-        app_->changeParam(GeneralParams::Kind, [&](std::vector<std::uint8_t> &record) {
-            GeneralParams params = GeneralParams::decode(record.data(), record.size());
-            params.language = language;
-            params.languageMask = low;
-            params.extendedLanguageMask = high;
-            params.bytes[100] = 42; // a byte without a name passes through
-            const WireWriter encoded = params.encode();
-            record.assign(encoded.data(), encoded.data() + encoded.size());
-        });
+        app_.configure(language, low, high);
     }
     void start() { ZrTranslation::createTranslation(&application_); }
     // No language is current then; the texts stay.
@@ -95,8 +70,7 @@ protected:
         testing::internal::GetCapturedStdout();
     }
 
-    std::unique_ptr<SimApp> app_;
-    std::unique_ptr<AppLink> link_;
+    TranslatorApp app_;
     ZrObject application_;
 };
 
@@ -201,14 +175,14 @@ TEST_F(TranslatorTest, TheConfiguredLanguageOrTheLowestAllowedIsTaken)
             offer(language);
         const ZrString textBefore = tr(1);
         configure(row.language, row.low, row.high);
-        app_->forgetReceived();
+        app_.app().forgetReceived();
         testing::internal::CaptureStdout();
         translation->loadConfiguredLanguage();
         EXPECT_EQ(testing::internal::GetCapturedStdout(), row.printed);
         EXPECT_EQ(translation->currentLanguage(), row.taken);
         EXPECT_TRUE(tr(1) == (row.files.empty() ? textBefore : ZrString::number(int(row.taken))));
         readGeneralParams(); // behind a write, if there is one
-        const SimApp::Messages messages = app_->received();
+        const SimApp::Messages messages = app_.app().received();
         ASSERT_EQ(messages.size(), row.isStored ? 3u : 2u);
         if (!row.isStored)
             continue;

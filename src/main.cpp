@@ -52,7 +52,7 @@ int main(int argc, char **argv)
     ZrApplication application(argc, argv);
     const ZrRect &desktop = application.desktopRect();
     setScreenScale(desktop.width(), desktop.height());
+    loadCommonStyle(); // before any widget: those that change a font keep the rest as it was then
     new UiManager(&application, {Modules, countIpCameras}); // owned by the application
-    loadCommonStyle();
     return application.exec();
 }

@@ -241,8 +241,7 @@ void ZrDragManager::finish()
     drag_ = nullptr;
     picture_.hide();
     ZrApplication::instance()->removeEventFilter(this);
-    if (ZrScreen *screen = ZrScreen::instance())
-        screen->setCursor(ZrCursor());
+    ZrDesktop::restoreCursor();
     disconnect(drag, &drag->destroyed, this, zrSlot<&ZrDragManager::dragDestroyed>);
     emit(drag, &drag->finished);
     drag->deleteLater();
@@ -260,5 +259,6 @@ void ZrDragManager::dragDestroyed()
     drag_ = nullptr;
     leaveTarget();
     picture_.hide();
+    ZrDesktop::restoreCursor();
     ZrApplication::instance()->removeEventFilter(this);
 }

@@ -5,6 +5,8 @@
 
 #include <cstdio>
 #include <zrapplication>
+#include <zrcursor>
+#include <zrguard>
 #include <zrlayout>
 #include <zrmemsurface>
 #include <zrscreen>
@@ -55,6 +57,8 @@ void ZrWidget::setParent(ZrObject *newParent)
     if (itemCache_ && itemCache_->holder() && itemCache_->holder()->parentWidget() != parent)
         leaveLayout();
     update(); // what it leaves
+    const bool wasVisible = isVisible();
+    const bool leavesStack = parent && isWindow() && wasVisible;
     if (parent) {
         destroySurface();
         windowFlags_ &= ~unsigned(Window);
@@ -70,15 +74,19 @@ void ZrWidget::setParent(ZrObject *newParent)
     } else {
         windowFlags_ |= Window;
         style_ = ZrStyle::applicationStyle();
-        setAttribute(Visible, false);
+        hideTree();
         if (widgetFlags_ & EnabledByRequest)
             setDisabledTree(false);
     }
     ZrObject::setParent(newParent);
     styleChanged();
+    if (leavesStack)
+        ZrDesktop::setActiveWindow(nullptr);
     if (isVisible()) {
         activateLayouts();
         update();
+    } else if (wasVisible) {
+        ZrDesktop::widgetHidden(this);
     }
 }
 
@@ -160,8 +168,9 @@ void ZrWidget::setFocus(int reason)
         return;
     if (reason == Zr::MouseFocus && focusPolicy_ == KeyFocus)
         return;
+    const ZrGuard<ZrWidget> self(this);
     ZrDesktop::setFocusWidget(this, reason);
-    if (hasFocus())
+    if (self && hasFocus())
         window()->rememberFocus(this);
 }
 
@@ -182,7 +191,7 @@ void ZrWidget::forgetLastFocus(ZrObject *, ZrObject *window, ZrSlotList *)
 
 ZrWidget *ZrWidget::firstFocusable()
 {
-    if (lastFocus_)
+    if (lastFocus_ && isAncestorOf(lastFocus_)) // it may have moved to another window
         return lastFocus_;
     if (focusPolicy_ != NoFocus)
         return this;
@@ -202,7 +211,7 @@ ZrWidget *ZrWidget::childAt(const ZrPoint &point)
         if (!children().at(i)->isWidgetType())
             continue;
         auto *child = static_cast<ZrWidget *>(children().at(i));
-        if (!child->isVisible() || !child->isEnabled() || child->testAttribute(MouseTransparent) ||
+        if (child->isHidden() || !child->isEnabled() || child->testAttribute(MouseTransparent) ||
             !child->geometry_.contains(point))
             continue;
         return child->childAt(ZrPoint(point.x() - child->pos().x(), point.y() - child->pos().y()));
@@ -210,15 +219,40 @@ ZrWidget *ZrWidget::childAt(const ZrPoint &point)
     return this;
 }
 
+void ZrWidget::setCursor(const ZrCursor &cursor)
+{
+    cursor_ = std::make_unique<ZrCursor>(cursor);
+    setAttribute(OwnCursor);
+    ZrDesktop::cursorChanged(this);
+}
+
+void ZrWidget::unsetCursor()
+{
+    cursor_.reset();
+    setAttribute(OwnCursor, false);
+    ZrDesktop::cursorChanged(this);
+}
+
+ZrCursor ZrWidget::cursor() const
+{
+    const ZrWidget *widget = this;
+    while (widget && !(widget->testAttribute(OwnCursor) && widget->cursor_))
+        widget = widget->parentWidget();
+    return widget ? *widget->cursor_ : ZrCursor();
+}
+
 bool ZrWidget::event(ZrEvent *event)
 {
     offerToLayouts(*event);
     switch (event->type()) {
-    case ZrEvent::MousePress:
+    case ZrEvent::MousePress: {
+        const ZrGuard<ZrWidget> self(this);
         if (focusPolicy_ & PointerFocus)
             setFocus(Zr::MouseFocus);
-        mousePressEvent(static_cast<ZrMouseEvent *>(event));
+        if (self)
+            mousePressEvent(static_cast<ZrMouseEvent *>(event));
         return true;
+    }
     case ZrEvent::MouseRelease:
         mouseReleaseEvent(static_cast<ZrMouseEvent *>(event));
         return true;

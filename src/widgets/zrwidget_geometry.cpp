@@ -66,7 +66,7 @@ void limit(int &width, int &height, const char *impossible)
 
 void ZrWidget::setMinimumSize(int width, int height)
 {
-    if (isWindow() && ZrApplication::instance()) {
+    if (isWindow() && ZrApplication::instance() && ZrApplication::instance()->display()) {
         const ZrRect &desktop = ZrApplication::instance()->desktopRect();
         width = std::min(width, desktop.width());
         height = std::min(height, desktop.height());

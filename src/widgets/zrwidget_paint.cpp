@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include <zrapplication>
+#include <zrguard>
 #include <zrmemsurface>
 #include <zrscreen>
 
@@ -46,27 +47,35 @@ void ZrWidget::showByRequest()
     activateLayouts();
     if (wasHiddenChild)
         updateGeometry(true);
+    const ZrGuard<ZrWidget> self(this); // against the handlers of show events
     if (isWindow()) {
         if (isPopup() && surface_)
             ZrScreen::instance()->raiseSurface(surface_);
         showTree(size());
+        if (!self)
+            return;
         if (surface_)
             ZrScreen::instance()->updateWholeSurface(surface_);
         ZrDesktop::setActiveWindow(this);
     } else if (parent && parent->isVisible()) {
         showTree(size());
-        update();
+        if (self)
+            update();
     }
 }
 
 void ZrWidget::hideByRequest()
 {
-    ZrWidget *parent = parentWidget();
-    if (parent)
+    if (!isWindow())
         update(); // while it still counts as visible
     setAttribute(HiddenByRequest);
+    const ZrGuard<ZrWidget> self(this);
     hideTree();
-    if (parent) {
+    if (self)
+        ZrDesktop::widgetHidden(this);
+    if (!self)
+        return;
+    if (ZrWidget *parent = parentWidget()) {
         askForLayout(parent);
         return;
     }
@@ -91,9 +100,11 @@ void ZrWidget::showTree(const ZrSize &shownSize)
         ZrApplication::notify(this, &resized);
     }
     setAttribute(Visible);
+    const ZrGuard<ZrWidget> self(this);
     ZrShowEvent shown;
     ZrApplication::notify(this, &shown);
-    forEachChildWidget([&shownSize](ZrWidget &child) { child.showTree(shownSize); });
+    if (self)
+        forEachChildWidget([&shownSize](ZrWidget &child) { child.showTree(shownSize); });
 }
 
 void ZrWidget::hideTree()
@@ -101,15 +112,20 @@ void ZrWidget::hideTree()
     if (!isVisible())
         return;
     setAttribute(Visible, false);
+    const ZrGuard<ZrWidget> self(this);
     ZrHideEvent hidden;
     ZrApplication::notify(this, &hidden);
-    forEachChildWidget([](ZrWidget &child) { child.hideTree(); });
+    if (self)
+        forEachChildWidget([](ZrWidget &child) { child.hideTree(); });
 }
 
 bool ZrWidget::close()
 {
+    const ZrGuard<ZrWidget> self(this);
     ZrCloseEvent closing;
     ZrApplication::notify(this, &closing);
+    if (!self)
+        return true;
     if (!closing.isAccepted())
         return false;
     if (testAttribute(DeleteOnClose))
@@ -140,7 +156,8 @@ void ZrWidget::lower()
 
 void ZrWidget::update()
 {
-    update(ZrRegion(rect()));
+    if (isVisible())
+        update(ZrRegion(rect()));
 }
 
 void ZrWidget::update(const ZrRect &area)
@@ -187,13 +204,17 @@ void ZrWidget::setHoleRegion(const ZrRegion &region)
     update(changed);
 }
 
-// The widget's own hole, cut to the widget, on the screen.
+// The widget's own hole on the screen, cut to the widget and, as its painting is, to its parents.
 ZrRegion ZrWidget::holeOnScreen() const
 {
     if (!(widgetFlags_ & HasHole))
         return ZrRegion();
-    const ZrPoint origin = mapToGlobal(ZrPoint(0, 0));
-    return (holeRegion_ & ZrRegion(rect())).translated(origin.x(), origin.y());
+    ZrRegion hole = holeRegion_;
+    for (const ZrWidget *widget = this; widget; widget = widget->parentWidget()) {
+        hole &= widget->rect();
+        hole.translate(widget->geometry_.left(), widget->geometry_.top());
+    }
+    return hole;
 }
 
 void ZrWidget::subtractHoles(ZrRegion &area) const

@@ -1,4 +1,4 @@
-#include "gfx/virtual_screen.h"
+#include "gfx/board.h"
 
 #include <zrimage>
 #include <zrscreencursor>
@@ -22,36 +22,36 @@ ZrImage pointerImage(int side)
 }
 
 // How many pixels of the screen are not the given one.
-int differing(const VirtualScreen &board, uint16_t word)
+int differing(const Board &board, uint16_t word)
 {
     int count = 0;
     for (int y = 0; y < 48; ++y)
         for (int x = 0; x < 64; ++x)
-            count += board.at(x, y) != word;
+            count += board.pixel(x, y) != word;
     return count;
 }
 
 class Cursor : public testing::Test
 {
 protected:
-    Cursor() : window(board.screen.get(), ZrRect(0, 0, 64, 48), kRed)
+    Cursor() : window(board.screen, ZrRect(0, 0, 64, 48), kRed)
     {
-        board.run();
+        board.settle();
         board.screen->setCursor(pointerImage(4), 0, 0);
         board.screen->moveCursor(10, 10);
     }
 
-    VirtualScreen board;
+    Board board;
     PlainWindow window;
 };
 
 TEST_F(Cursor, IsAMaskOverWhatItKeeps)
 {
-    EXPECT_EQ(board.at(10, 10), kWhite);
-    EXPECT_EQ(board.at(13, 13), kRedWord) << "transparent pixel";
+    EXPECT_EQ(board.pixel(10, 10), kWhite);
+    EXPECT_EQ(board.pixel(13, 13), kRedWord) << "transparent pixel";
     EXPECT_EQ(differing(board, kRedWord), 15);
     board.screen->moveCursor(20, 20);
-    EXPECT_EQ(board.at(10, 10), kRedWord);
+    EXPECT_EQ(board.pixel(10, 10), kRedWord);
     EXPECT_EQ(differing(board, kRedWord), 15);
 }
 
@@ -73,16 +73,16 @@ TEST_F(Cursor, ShowsOnlyWhatLiesOnTheScreen)
 TEST_F(Cursor, FlushBeneathItIsKept)
 {
     window.surface->setBackground(kGreen);
-    board.run();
-    EXPECT_EQ(board.at(10, 10), kWhite);
-    EXPECT_EQ(board.at(13, 13), kGreenWord);
+    board.settle();
+    EXPECT_EQ(board.pixel(10, 10), kWhite);
+    EXPECT_EQ(board.pixel(13, 13), kGreenWord);
     board.screen->moveCursor(40, 40);
-    EXPECT_EQ(board.at(10, 10), kGreenWord);
+    EXPECT_EQ(board.pixel(10, 10), kGreenWord);
 
     // Hidden meanwhile: what it comes back over is the newest picture.
     board.screen->cursor()->hide();
     window.surface->setBackground(kRed);
-    board.run();
+    board.settle();
     board.screen->cursor()->show();
     EXPECT_EQ(differing(board, kRedWord), 15);
     board.screen->moveCursor(2, 2);
@@ -116,9 +116,9 @@ TEST_F(Cursor, SleepsWhileTheScreenIsClosed)
 {
     board.screen->close();
     board.screen->moveCursor(30, 30);
-    ASSERT_TRUE(board.screen->open(ZrString(board.path.c_str())));
+    ASSERT_TRUE(board.screen->open(ZrString(Board::device)));
     board.screen->markAllDirty();
-    board.run();
+    board.settle();
     EXPECT_EQ(differing(board, kRedWord), 0) << "shows at the next move";
     board.screen->moveCursor(30, 30);
     EXPECT_EQ(differing(board, kRedWord), 15);
@@ -146,14 +146,14 @@ TEST_F(Cursor, AndFlushesLeaveNothingBehind)
         window.surface->updateFromClient(ZrRect(int(engine() % 60), int(engine() % 44), 12, 9));
         if (i % 50 == 0)
             board.screen->setCursor(pointerImage(3 + i % 7), i % 3, i % 2);
-        board.run();
+        board.settle();
     }
     isDone = true;
     mouse.join();
     board.screen->cursor()->hide();
     window.holes.clear();
     window.update();
-    board.run();
+    board.settle();
     EXPECT_EQ(differing(board, kRedWord), 0);
 
     board.screen->cursor()->show();

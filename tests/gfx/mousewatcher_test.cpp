@@ -1,5 +1,5 @@
+#include "gfx/board.h"
 #include "gfx/pointerinput.h"
-#include "gfx/virtual_screen.h"
 
 #include <zrimage>
 #include <zrmousewatcher>
@@ -181,7 +181,7 @@ TEST(MouseWatcher, FindsADeviceThatComesAndGoes)
 
 TEST(PointerInput, HidesTheRestingPointerAndShowsTheMovingOne)
 {
-    VirtualScreen board;
+    Board board;
     PointerInput pointer;
     pointer.setBounds(board.screen->rect());
     board.screen->setCursor(ZrImage(4, 4, ZrColor(255, 255, 255)), 0, 0);
@@ -196,12 +196,12 @@ TEST(PointerInput, HidesTheRestingPointerAndShowsTheMovingOne)
     EXPECT_FALSE(cursor.isVisible());
     pointer.inject(12, 12, 0, false);
     EXPECT_TRUE(cursor.isVisible());
-    EXPECT_EQ(board.at(12, 12), kWhite);
+    EXPECT_EQ(board.pixel(12, 12), kWhite);
     pointer.idleTick(5);
     EXPECT_TRUE(cursor.isVisible());
     pointer.idleTick(6);
     EXPECT_FALSE(cursor.isVisible());
-    EXPECT_EQ(board.at(12, 12), kClear);
+    EXPECT_EQ(board.pixel(12, 12), kClear);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
-#include "gfx/virtual_screen.h"
+#include "gfx/board.h"
 
 #include <zrcanvas>
+#include <zrfbcanvas>
 #include <zrimage>
 #include <zrscreencursor>
 
@@ -14,17 +15,17 @@ constexpr uint16_t kRedWord = 0xfc00, kGreenWord = 0x83e0, kBlueWord = 0x801f;
 
 TEST(Screen, OpensTransparentAndClosesBlack)
 {
-    VirtualScreen board(40, 30, 96);
+    Board board(40, 30, 96);
     EXPECT_EQ(board.screen->rect(), ZrRect(0, 0, 40, 30));
-    EXPECT_EQ(board.at(0, 0), kClear);
-    EXPECT_EQ(board.at(39, 29), kClear);
+    EXPECT_EQ(board.pixel(0, 0), kClear);
+    EXPECT_EQ(board.pixel(39, 29), kClear);
     EXPECT_TRUE(board.screen->open(ZrString("/no/such/node"))) << "open already";
     board.screen->close();
     EXPECT_FALSE(board.screen->isOpen());
     board.screen->update(ZrRect(0, 0, 5, 5));
     EXPECT_TRUE(board.screen->dirtyRegion().isEmpty());
 
-    std::ifstream file(board.path, std::ios::binary);
+    std::ifstream file(board.framebufferPath(), std::ios::binary);
     file.seekg(VirtualFramebuffer::kHeaderSize + 29 * 96 + 39 * 2);
     char pixel[2];
     file.read(pixel, 2);
@@ -34,28 +35,28 @@ TEST(Screen, OpensTransparentAndClosesBlack)
 
 TEST(Screen, UpdatesOfOneBatchFlushOnce)
 {
-    VirtualScreen board;
-    PlainWindow window(board.screen.get(), ZrRect(0, 0, 64, 48), kRed);
-    board.run();
+    Board board;
+    PlainWindow window(board.screen, ZrRect(0, 0, 64, 48), kRed);
+    board.settle();
     window.paints.clear();
     window.surface->updateFromClient(ZrRect(1, 1, 4, 4));
     window.surface->updateFromClient(ZrRect(20, 20, 4, 4));
-    board.run();
+    board.settle();
     ASSERT_EQ(window.paints.size(), 1u);
     EXPECT_EQ(window.paints[0], ZrRegion(1, 1, 4, 4) + ZrRegion(20, 20, 4, 4));
     EXPECT_TRUE(board.screen->dirtyRegion().isEmpty());
-    board.run();
+    board.settle();
     EXPECT_EQ(window.paints.size(), 1u);
 }
 
 TEST(Screen, OpaqueSurfacesHideAndTranslucentOnesDoNot)
 {
-    VirtualScreen board;
-    PlainWindow low(board.screen.get(), ZrRect(0, 0, 40, 40), kRed);
-    PlainWindow high(board.screen.get(), ZrRect(10, 10, 20, 20), kGreen);
-    board.run();
-    EXPECT_EQ(board.at(5, 5), kRedWord);
-    EXPECT_EQ(board.at(10, 10), kGreenWord);
+    Board board;
+    PlainWindow low(board.screen, ZrRect(0, 0, 40, 40), kRed);
+    PlainWindow high(board.screen, ZrRect(10, 10, 20, 20), kGreen);
+    board.settle();
+    EXPECT_EQ(board.pixel(5, 5), kRedWord);
+    EXPECT_EQ(board.pixel(10, 10), kGreenWord);
     EXPECT_EQ(low.paints.back(), ZrRegion(0, 0, 40, 40) - ZrRegion(10, 10, 20, 20));
 
     low.surface->updateFromClient(ZrRect(12, 12, 5, 5));
@@ -65,70 +66,70 @@ TEST(Screen, OpaqueSurfacesHideAndTranslucentOnesDoNot)
     low.paints.clear();
     high.paints.clear();
     low.surface->updateFromClient(ZrRect(12, 12, 5, 5));
-    board.run();
+    board.settle();
     EXPECT_EQ(low.paints.size(), 1u);
     EXPECT_EQ(high.paints.size(), 1u) << "paints over what the lower one painted";
-    EXPECT_EQ(board.at(13, 13), kRedWord) << "no background of its own";
+    EXPECT_EQ(board.pixel(13, 13), kRedWord) << "no background of its own";
 
     high.isHidden = true;
     high.update();
     low.paints.clear();
-    board.run();
-    EXPECT_EQ(board.at(20, 20), kRedWord);
+    board.settle();
+    EXPECT_EQ(board.pixel(20, 20), kRedWord);
 }
 
 TEST(Screen, WhatNobodyPaintsIsTransparent)
 {
-    VirtualScreen board;
+    Board board;
     {
-        PlainWindow window(board.screen.get(), ZrRect(0, 0, 64, 48), kBlue);
-        board.run();
-        EXPECT_EQ(board.at(30, 30), kBlueWord);
+        PlainWindow window(board.screen, ZrRect(0, 0, 64, 48), kBlue);
+        board.settle();
+        EXPECT_EQ(board.pixel(30, 30), kBlueWord);
         board.screen->destroySurface(nullptr);
     }
-    board.run();
-    EXPECT_EQ(board.at(30, 30), kClear);
+    board.settle();
+    EXPECT_EQ(board.pixel(30, 30), kClear);
 }
 
 TEST(Screen, HolesShowTheVideoUnlessCovered)
 {
-    VirtualScreen board;
-    PlainWindow low(board.screen.get(), ZrRect(0, 0, 64, 48), kRed);
+    Board board;
+    PlainWindow low(board.screen, ZrRect(0, 0, 64, 48), kRed);
     low.holes = ZrRegion(10, 10, 30, 30);
-    PlainWindow high(board.screen.get(), ZrRect(20, 20, 10, 10), kGreen);
-    board.run();
-    EXPECT_EQ(board.at(9, 10), kRedWord);
-    EXPECT_EQ(board.at(10, 10), kClear);
-    EXPECT_EQ(board.at(20, 20), kGreenWord) << "a window above a hole";
+    PlainWindow high(board.screen, ZrRect(20, 20, 10, 10), kGreen);
+    board.settle();
+    EXPECT_EQ(board.pixel(9, 10), kRedWord);
+    EXPECT_EQ(board.pixel(10, 10), kClear);
+    EXPECT_EQ(board.pixel(20, 20), kGreenWord) << "a window above a hole";
 
     high.isHidden = true;
     high.update();
-    board.run();
-    EXPECT_EQ(board.at(20, 20), kClear) << "the hole opens in the same flush";
+    board.settle();
+    EXPECT_EQ(board.pixel(20, 20), kClear) << "the hole opens in the same flush";
 
     low.holes.clear();
     low.update();
-    board.run();
-    EXPECT_EQ(board.at(20, 20), kRedWord);
+    board.settle();
+    EXPECT_EQ(board.pixel(20, 20), kRedWord);
 }
 
 TEST(Screen, RaisingAndLoweringExposeWhatChanges)
 {
-    VirtualScreen board;
-    PlainWindow a(board.screen.get(), ZrRect(0, 0, 20, 20), kRed);
-    PlainWindow b(board.screen.get(), ZrRect(10, 10, 20, 20), kGreen);
-    board.run();
+    Board board;
+    PlainWindow a(board.screen, ZrRect(0, 0, 20, 20), kRed);
+    PlainWindow b(board.screen, ZrRect(10, 10, 20, 20), kGreen);
+    board.settle();
     board.screen->raiseSurface(a.surface);
     EXPECT_EQ(board.screen->dirtyRegion(), ZrRegion(10, 10, 10, 10));
     EXPECT_EQ(board.screen->surfaces().last(), a.surface);
-    board.run();
-    EXPECT_EQ(board.at(15, 15), kRedWord);
-    EXPECT_EQ(board.at(25, 25), kGreenWord);
+    board.settle();
+    EXPECT_EQ(board.pixel(15, 15), kRedWord);
+    EXPECT_EQ(board.pixel(25, 25), kGreenWord);
 
     board.screen->lowerSurface(a.surface);
     EXPECT_EQ(board.screen->dirtyRegion(), ZrRegion(10, 10, 10, 10));
-    board.run();
-    EXPECT_EQ(board.at(15, 15), kGreenWord);
+    board.settle();
+    EXPECT_EQ(board.pixel(15, 15), kGreenWord);
 
     a.isHidden = true;
     board.screen->raiseSurface(a.surface);
@@ -138,31 +139,31 @@ TEST(Screen, RaisingAndLoweringExposeWhatChanges)
 
 TEST(Screen, DisabledInterfaceIsBlack)
 {
-    VirtualScreen board;
-    PlainWindow window(board.screen.get(), ZrRect(0, 0, 64, 48), kRed);
+    Board board;
+    PlainWindow window(board.screen, ZrRect(0, 0, 64, 48), kRed);
     board.screen->setGuiEnabled(false);
-    board.run();
-    EXPECT_EQ(board.at(3, 3), kBlack);
+    board.settle();
+    EXPECT_EQ(board.pixel(3, 3), kBlack);
     EXPECT_TRUE(window.paints.empty());
     board.screen->setGuiEnabled(true);
-    board.run();
-    EXPECT_EQ(board.at(3, 3), kRedWord);
+    board.settle();
+    EXPECT_EQ(board.pixel(3, 3), kRedWord);
 }
 
 TEST(Screen, ReopensAtAnotherSize)
 {
-    VirtualScreen board;
-    PlainWindow window(board.screen.get(), ZrRect(0, 0, 64, 48), kRed);
-    board.run();
+    Board board;
+    PlainWindow window(board.screen, ZrRect(0, 0, 64, 48), kRed);
+    board.settle();
     board.screen->close();
-    board.resize(100, 80);
-    ASSERT_TRUE(board.screen->open(ZrString(board.path.c_str())));
+    board.replaceFramebuffer(100, 80);
+    ASSERT_TRUE(board.screen->open(ZrString(Board::device)));
     EXPECT_EQ(board.screen->rect(), ZrRect(0, 0, 100, 80));
-    EXPECT_EQ(board.at(3, 3), kClear);
+    EXPECT_EQ(board.pixel(3, 3), kClear);
     board.screen->markAllDirty();
-    board.run();
-    EXPECT_EQ(board.at(3, 3), kRedWord);
-    EXPECT_EQ(board.at(99, 79), kClear);
+    board.settle();
+    EXPECT_EQ(board.pixel(3, 3), kRedWord);
+    EXPECT_EQ(board.pixel(99, 79), kClear);
 }
 
 TEST(Screen, BlitWritesStraightToTheFramebuffer)
@@ -173,7 +174,7 @@ TEST(Screen, BlitWritesStraightToTheFramebuffer)
         ZrPoint to;
         uint16_t first, second; // at (0, 0) and (1, 0)
     };
-    VirtualScreen board;
+    Board board;
     ZrImage image(2, 1);
     image.bits()[0] = 255; // transparent red
     image.bits()[5] = 255; // faint green
@@ -188,8 +189,8 @@ TEST(Screen, BlitWritesStraightToTheFramebuffer)
     for (const Case &c : cases) {
         board.screen->fillRegion(ZrRect(0, 0, 64, 48), kBlue);
         board.screen->blit(image, c.to, c.source, c.skipTransparent);
-        EXPECT_EQ(board.at(0, 0), c.first);
-        EXPECT_EQ(board.at(1, 0), c.second);
+        EXPECT_EQ(board.pixel(0, 0), c.first);
+        EXPECT_EQ(board.pixel(1, 0), c.second);
     }
 }
 
@@ -204,11 +205,11 @@ TEST(Screen, RandomStacksShowTheTopmost)
         return std::uniform_int_distribution<int>(low, high)(engine);
     };
     auto rect = [&] { return ZrRect(in(-5, 50), in(-5, 40), in(1, 40), in(1, 30)); };
-    VirtualScreen board;
+    Board board;
     std::vector<std::unique_ptr<PlainWindow>> windows;
     for (int i = 0; i < 6; ++i)
-        windows.push_back(std::make_unique<PlainWindow>(board.screen.get(), rect(),
-                                                        ZrColor(i * 40, 255 - i * 40, 80)));
+        windows.push_back(
+            std::make_unique<PlainWindow>(board.screen, rect(), ZrColor(i * 40, 255 - i * 40, 80)));
     for (int step = 0; step < 400; ++step) {
         PlainWindow &window = *windows[size_t(in(0, 5))];
         window.update();
@@ -231,7 +232,7 @@ TEST(Screen, RandomStacksShowTheTopmost)
         if (window.shownHoles().isEmpty() || !window.geometry.contains(window.holes.boundingRect()))
             window.holes &= window.geometry;
         window.update();
-        board.run();
+        board.settle();
         for (int y = 0; y < 48; y += 3) {
             for (int x = 0; x < 64; x += 3) {
                 uint16_t expected = kClear;
@@ -243,7 +244,7 @@ TEST(Screen, RandomStacksShowTheTopmost)
                                    ? kClear
                                    : ZrFbCanvas::word(shown->colour.argb());
                 }
-                ASSERT_EQ(board.at(x, y), expected) << x << ", " << y << " step " << step;
+                ASSERT_EQ(board.pixel(x, y), expected) << x << ", " << y << " step " << step;
             }
         }
     }

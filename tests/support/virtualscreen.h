@@ -26,23 +26,24 @@ inline std::atomic<std::int64_t> &fakeTime()
     return time;
 }
 
-// Writes the header and clear pixels of a virtual framebuffer.
-inline void makeFramebufferFile(const std::string &path, int width, int height)
+// Writes a virtual framebuffer whose pixels are all set. A line length of 0 is that of the width.
+inline void makeFramebufferFile(const std::string &path, int width, int height, int lineLength = 0)
 {
-    std::vector<unsigned char> file(VirtualFramebuffer::kHeaderSize +
-                                    std::size_t(width) * std::size_t(height) * 2);
-    const auto put = [&file](std::size_t offset, std::uint32_t value) {
-        for (int i = 0; i < 4; ++i)
-            file[offset + std::size_t(i)] = std::uint8_t(value >> (8 * i));
+    const std::size_t line = std::size_t(lineLength ? lineLength : width * 2);
+    std::vector<unsigned char> file(VirtualFramebuffer::kHeaderSize);
+    const auto put = [&file](std::size_t offset, std::size_t value) {
+        for (std::size_t i = 0; i < 4; ++i)
+            file[offset + i] = std::uint8_t(value >> (8 * i));
     };
     for (std::size_t i = 0; i < 4; ++i)
         file[i] = std::uint8_t(VirtualFramebuffer::kMagic[i]);
     put(VirtualFramebuffer::kOffsetVersion, VirtualFramebuffer::kVersion);
-    put(VirtualFramebuffer::kOffsetWidth, std::uint32_t(width));
-    put(VirtualFramebuffer::kOffsetHeight, std::uint32_t(height));
-    put(VirtualFramebuffer::kOffsetLineLength, std::uint32_t(width) * 2);
-    put(VirtualFramebuffer::kOffsetLength, std::uint32_t(width) * std::uint32_t(height) * 2);
+    put(VirtualFramebuffer::kOffsetWidth, std::size_t(width));
+    put(VirtualFramebuffer::kOffsetHeight, std::size_t(height));
+    put(VirtualFramebuffer::kOffsetLineLength, line);
+    put(VirtualFramebuffer::kOffsetLength, line * std::size_t(height));
     put(VirtualFramebuffer::kOffsetPixels, VirtualFramebuffer::kHeaderSize);
+    file.resize(file.size() + line * std::size_t(height), 0xff);
     std::ofstream(path, std::ios::binary)
         .write(reinterpret_cast<const char *>(file.data()), std::streamsize(file.size()));
 }
@@ -50,14 +51,17 @@ inline void makeFramebufferFile(const std::string &path, int width, int height)
 class VirtualScreen
 {
 public:
+    static constexpr char device[] = "/dev/fb0";
+
     // The parts of the application must have been installed by the caller.
-    VirtualScreen(int width, int height) : root_(makeRoot()), width_(width), height_(height)
+    VirtualScreen(int width, int height, int lineLength = 0)
+        : root_(makeRoot()), width_(width), height_(height)
     {
-        makeFramebufferFile(root_ + "/dev/fb0", width, height);
+        makeFramebufferFile(framebufferPath(), width, height, lineLength);
         setenv("ZR_ROOT", root_.c_str(), 1);
         ZrTimerCore::setTestClock([] { return fakeTime().load(); });
         application_ = std::make_unique<ZrApplication>(0, nullptr);
-        pixels_.open((root_ + "/dev/fb0").c_str());
+        pixels_.open(framebufferPath().c_str());
     }
     ~VirtualScreen()
     {
@@ -72,6 +76,16 @@ public:
     ZrApplication &application() { return *application_; }
     int width() const { return width_; }
     int height() const { return height_; }
+    std::string framebufferPath() const { return root_ + device; }
+    // Another mode, for the next time that the screen opens the device.
+    void replaceFramebuffer(int width, int height)
+    {
+        width_ = width;
+        height_ = height;
+        makeFramebufferFile(framebufferPath(), width, height);
+        pixels_.close();
+        pixels_.open(framebufferPath().c_str());
+    }
     // Handles what is queued, flushes included.
     void settle() { application_->processPending(); }
     void pass(int ms)

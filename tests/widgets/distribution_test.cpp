@@ -1,7 +1,7 @@
 // The division of a line of a layout: rows worked out by hand, and random chains against a model
 // that is written for plainness.
+#include "support/random_seed.h"
 #include "widgets/layout/zrlayoutstruct.h"
-#include "zrtool/random_seed.h"
 
 #include <gtest/gtest.h>
 

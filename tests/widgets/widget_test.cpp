@@ -1,124 +1,16 @@
-#include <gtest/gtest.h>
+// What a widget is: visibility, geometry, limits, states, painting.
+#include "support/random_seed.h"
+#include "widgets/probe.h"
 
-#include "support/virtualscreen.h"
-#include "widgets/zrdesktop.h"
-#include "widgets/zrinstallwidgets.h"
+#include <vector>
+#include <zrcursor>
+#include <zrscreencursor>
 
-#include <functional>
-#include <random>
-#include <string>
-#include <zrgraphics>
-#include <zrpainter>
-#include <zrscreen>
-#include <zrwidget>
-
-using zrtest::VirtualScreen;
-
-namespace
-{
-
-constexpr int Width = 320;
-constexpr int Height = 200;
-
-// Writes down what it gets, and paints itself in one colour.
-class Probe : public ZrWidget
-{
-public:
-    Probe(const char *name, std::string *log, ZrWidget *parent = nullptr)
-        : ZrWidget(parent), name_(name), log_(log)
-    {
-        setAttribute(DeleteOnClose, false);
-    }
-    ZrColor color{40, 80, 120};
-    bool takesMouse = true;
-    std::function<void()> onPress;
-    ZrSize hint{-1, -1};
-    ZrSize sizeHint() const override { return hint; }
-
-protected:
-    void paintEvent(ZrPaintEvent *event) override
-    {
-        painted = event->region();
-        ZrPainter(this).fillRect(rect(), color);
-    }
-    void mousePressEvent(ZrMouseEvent *event) override
-    {
-        note("press", event->position());
-        event->setAccepted(takesMouse);
-        if (onPress)
-            onPress();
-    }
-    void mouseReleaseEvent(ZrMouseEvent *event) override { note("release", event->position()); }
-    void mouseDoubleClickEvent(ZrMouseEvent *event) override
-    {
-        note("double", event->position());
-        event->accept();
-    }
-    void mouseMoveEvent(ZrMouseEvent *event) override { note("move", event->position()); }
-    void wheelEvent(ZrWheelEvent *event) override
-    {
-        *log_ += name_ + ":wheel" + std::to_string(event->delta()) + " ";
-    }
-    void enterEvent(ZrEvent *) override { *log_ += name_ + ":enter "; }
-    void leaveEvent(ZrEvent *) override { *log_ += name_ + ":leave "; }
-    void showEvent(ZrShowEvent *) override { *log_ += name_ + ":show "; }
-    void hideEvent(ZrHideEvent *) override { *log_ += name_ + ":hide "; }
-    void resizeEvent(ZrResizeEvent *event) override
-    {
-        *log_ += name_ + ":resize" + std::to_string(event->size().width()) + "x" +
-                 std::to_string(event->size().height()) + " ";
-    }
-    void focusInEvent(ZrFocusEvent *event) override
-    {
-        ZrWidget::focusInEvent(event);
-        *log_ += name_ + ":focus ";
-    }
-    void focusOutEvent(ZrFocusEvent *event) override
-    {
-        ZrWidget::focusOutEvent(event);
-        *log_ += name_ + ":blur ";
-    }
-
-public:
-    ZrRegion painted;
-
-private:
-    void note(const char *what, const ZrPoint &at)
-    {
-        *log_ += name_ + ":" + what + std::to_string(at.x()) + "," + std::to_string(at.y()) + " ";
-    }
-    std::string name_;
-    std::string *log_;
-};
-
-class Widgets : public testing::Test
-{
-protected:
-    Widgets()
-    {
-        zrInstallGraphics();
-        zrInstallWidgets();
-        // The pointer's thread has no business here: the tests post what it would.
-        ZrApplication::parts().makePointer = nullptr;
-        screen = std::make_unique<VirtualScreen>(Width, Height);
-    }
-    std::string take()
-    {
-        std::string taken;
-        taken.swap(log);
-        return taken;
-    }
-
-    std::unique_ptr<VirtualScreen> screen;
-    std::string log;
-};
-
-} // namespace
+using Widgets = WidgetTest;
 
 TEST_F(Widgets, ShowSizesPaintsAndHidesATree)
 {
-    Probe window("w", &log);
-    window.setGeometry(ZrRect(10, 10, 100, 60));
+    Probe window("w", &log, ZrRect(10, 10, 100, 60));
     auto *child = new Probe("c", &log, &window);
     child->hint = ZrSize(20, 10);
     child->color = ZrColor(248, 0, 0);
@@ -138,17 +30,20 @@ TEST_F(Widgets, ShowSizesPaintsAndHidesATree)
     screen->settle();
     EXPECT_EQ(screen->pixel(10, 10), 0x8000 | 5 << 10 | 10 << 5 | 15);
     window.hide();
+    window.hide();
     EXPECT_EQ(take(), "c:hide w:hide ");
     screen->settle();
     EXPECT_FALSE(screen->isOpaque(40, 30)) << "what nobody covers lets the video through";
+    child->show();
+    EXPECT_FALSE(child->isVisible() || child->isHidden());
+    child->hide();
     window.show();
     EXPECT_EQ(take(), "w:show ") << "a child hidden by request stays hidden";
 }
 
 TEST_F(Widgets, MovesUpdateBothPlacesAndSendNoResize)
 {
-    Probe window("w", &log);
-    window.setGeometry(ZrRect(0, 0, 40, 40));
+    Probe window("w", &log, ZrRect(0, 0, 40, 40));
     window.show();
     screen->settle();
     take();
@@ -159,7 +54,11 @@ TEST_F(Widgets, MovesUpdateBothPlacesAndSendNoResize)
     EXPECT_TRUE(screen->isOpaque(105, 105));
     window.setGeometry(window.geometry());
     window.resize(ZrSize(50, 40));
+    window.adjustSize();
     EXPECT_EQ(take(), "w:resize50x40 ");
+    window.hint = ZrSize(30, 20);
+    window.adjustSize();
+    EXPECT_EQ(take(), "w:resize30x20 ");
 }
 
 TEST_F(Widgets, LimitsWarnAndHold)
@@ -176,8 +75,13 @@ TEST_F(Widgets, LimitsWarnAndHold)
         {[&] { child.setMinimumSize(30, 40); }, "", ZrSize(30, 40)},
         {[&] { child.setMinimumWidth(0x1000000); }, "Warning: exceed the max size.\n",
          ZrSize(0xFFFFFF, 40)},
+        {[&] { child.setMaximumSize(-4, 0x1000000); },
+         "Warning: exceed the max size.\nWarning: setMaximumSize_helper: the size is not "
+         "possible.\n",
+         ZrSize(0xFFFFFF, 40)},
         {[&] { child.setAttribute(32); }, "setAttribute(): Type is out of range !!!\n",
          ZrSize(0xFFFFFF, 40)},
+        {[&] { window.setMinimumSize(1000, 1000); }, "", ZrSize(0xFFFFFF, 40)},
     };
     for (const auto &row : rows) {
         testing::internal::CaptureStdout();
@@ -185,7 +89,9 @@ TEST_F(Widgets, LimitsWarnAndHold)
         EXPECT_EQ(testing::internal::GetCapturedStdout(), row.line);
         EXPECT_EQ(child.minimumSize(), row.minimum);
     }
+    EXPECT_EQ(window.minimumSize(), ZrSize(Width, Height)) << "a window fits on the screen";
     child.setMinimumSize(0, 0);
+    child.setMaximumSize(500, 500);
     child.resize(ZrSize(80, 80));
     child.setMaximumSize(50, 60);
     EXPECT_EQ(child.size(), ZrSize(50, 60));
@@ -208,10 +114,36 @@ TEST_F(Widgets, EnablingFollowsTheParentsButKeepsOwnRequests)
     EXPECT_FALSE(stubborn.isEnabled());
 }
 
+TEST_F(Widgets, ParentsBringTheirState)
+{
+    Probe window("w", &log, ZrRect(0, 0, 100, 100)), other("o", &log, ZrRect(150, 0, 50, 50));
+    window.show();
+    take();
+    Probe child("c", &log, ZrRect(0, 0, 10, 10));
+    auto *inner = new Probe("i", &log, ZrRect(0, 0, 5, 5), &child);
+    take();
+    window.setEnabled(false);
+    child.setParent(&window);
+    EXPECT_EQ(take(), "c:show i:show ");
+    EXPECT_FALSE(child.isWindow() || child.isEnabled() || inner->isEnabled());
+    screen->settle();
+    EXPECT_FALSE(child.painted.isEmpty());
+    child.setWindowFlags(ZrWidget::Popup);
+    EXPECT_FALSE(child.isWindow());
+    child.setParent(nullptr);
+    EXPECT_EQ(take(), "c:hide i:hide ");
+    EXPECT_TRUE(child.isWindow() && child.isEnabled() && inner->isEnabled());
+    child.show();
+    EXPECT_EQ(ZrDesktop::activeWindow(), &child);
+    child.setParent(&other);
+    EXPECT_EQ(ZrDesktop::activeWindow(), &window) << "a window that became a child is none";
+    EXPECT_FALSE(child.isVisible());
+    child.setParent(nullptr); // it is the test's, not the window's
+}
+
 TEST_F(Widgets, HolesAreClearAndOnlyTheirChangeIsRepainted)
 {
-    Probe window("w", &log);
-    window.setGeometry(ZrRect(0, 0, Width, Height));
+    Probe window("w", &log, ZrRect(0, 0, Width, Height));
     window.show();
     screen->settle();
     window.setHoleRegion(ZrRegion(ZrRect(50, 50, 100, 100)));
@@ -228,146 +160,173 @@ TEST_F(Widgets, HolesAreClearAndOnlyTheirChangeIsRepainted)
     EXPECT_TRUE(screen->isOpaque(51, 60));
     EXPECT_FALSE(screen->isOpaque(151, 60));
 
-    Probe above("a", &log);
-    above.setGeometry(ZrRect(60, 60, 20, 20));
+    Probe above("a", &log, ZrRect(60, 60, 20, 20));
     above.show();
     screen->settle();
     EXPECT_TRUE(screen->isOpaque(70, 70)) << "a window above a hole needs no care";
     above.hide();
+    window.setHoleRegion(ZrRegion(ZrRect::fromEdges(0, 0, -1, -1)));
     screen->settle();
-    EXPECT_FALSE(screen->isOpaque(70, 70));
+    EXPECT_TRUE(screen->isOpaque(70, 70));
 }
 
-TEST_F(Widgets, ClippedRepaintEqualsAFullOne)
+namespace
 {
-    const unsigned seed = std::random_device{}();
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    std::mt19937 random(seed);
-    Probe window("w", &log);
-    window.setGeometry(ZrRect(0, 0, Width, Height));
-    std::vector<std::unique_ptr<Probe>> children;
-    for (int i = 0; i < 12; ++i) {
-        Probe *parent = i > 4 ? children[random() % 4].get() : &window;
-        children.push_back(std::make_unique<Probe>("c", &log, parent));
-        children.back()->setGeometry(ZrRect(int(random() % 200), int(random() % 120),
-                                            int(random() % 150) + 1, int(random() % 90) + 1));
-        children.back()->color = ZrColor(int(random() % 256), int(random() % 256), 99);
-    }
-    window.show();
-    screen->settle();
-    const std::vector<std::uint16_t> full = screen->picture();
-    for (int round = 0; round < 50; ++round) {
-        window.update(ZrRect(int(random() % Width), int(random() % Height), int(random() % 100) + 1,
-                             int(random() % 100) + 1));
-        screen->settle();
-        ASSERT_EQ(screen->picture(), full) << "round " << round;
-    }
-    while (!children.empty()) // innermost first: parents do not own what the test owns
-        children.pop_back();
-}
 
-TEST_F(Widgets, MouseEventsClimbUntilAccepted)
+// Windows full of overlapping children, some hidden, some with holes. Its colours change with the
+// generation, unseen until painted.
+class RandomScene
 {
-    Probe window("w", &log);
-    window.setGeometry(ZrRect(100, 100, 100, 100));
-    Probe child("c", &log, &window);
-    child.setGeometry(ZrRect(10, 20, 30, 30));
-    window.show();
-    take();
-    child.takesMouse = false;
-    screen->pointer(115, 125, 1);
-    EXPECT_EQ(take(), "w:enter c:enter c:press5,5 w:press15,25 ");
-    screen->pointer(10, 10, 1);
-    EXPECT_EQ(take(), "c:move-100,-110 ") << "who took the press gets the moves";
-    screen->pointer(10, 10);
-    EXPECT_EQ(take(), "c:release-100,-110 w:release-90,-90 ");
-    screen->pointer(300, 190);
-    EXPECT_EQ(take(), "c:leave w:leave ");
-    screen->pointer(150, 150, 0, 120);
-    EXPECT_EQ(take(), "w:enter w:wheel120 ");
-}
-
-TEST_F(Widgets, TwoPressesAreADoubleClickOnlyInTimeAndPlace)
-{
-    Probe window("w", &log);
-    window.setGeometry(ZrRect(0, 0, 200, 200));
-    window.show();
-    screen->click(50, 50);
-    take();
-    screen->click(52, 50);
-    EXPECT_EQ(take(), "w:double52,50 w:release52,50 ");
-    screen->click(52, 50);
-    EXPECT_EQ(take(), "w:press52,50 w:release52,50 ") << "the third begins anew";
-    screen->pass(ZrDesktop::DoubleClickMs);
-    screen->click(52, 50);
-    EXPECT_EQ(take(), "w:press52,50 w:release52,50 ");
-    screen->click(90, 90);
-    EXPECT_EQ(take(), "w:press90,90 w:release90,90 ");
-}
-
-TEST_F(Widgets, HandlersMayDeleteWhatTheEventClimbsTo)
-{
-    auto *window = new Probe("w", &log);
-    window->setGeometry(ZrRect(0, 0, 100, 100));
-    auto *child = new Probe("c", &log, window);
-    child->setGeometry(ZrRect(0, 0, 50, 50));
-    child->takesMouse = false;
-    window->show();
-    take();
-    child->onPress = [&] { delete window; };
-    screen->pointer(10, 10, 1);
-    EXPECT_EQ(take(), "w:enter c:enter c:press10,10 ");
-    screen->pointer(10, 10);
-    EXPECT_EQ(take(), "");
-}
-
-TEST_F(Widgets, ModalWindowsAndPopupsTakeTheMouseFromOthers)
-{
-    Probe window("w", &log), dialog("d", &log), popup("p", &log);
-    window.setGeometry(ZrRect(0, 0, 200, 200));
-    dialog.setGeometry(ZrRect(20, 20, 50, 50));
-    window.show();
-    dialog.show();
-    ZrDesktop::pushModal(&dialog);
-    take();
-    screen->click(150, 150);
-    EXPECT_EQ(take(), "d:press130,130 d:release130,130 ");
-    ZrDesktop::popModal(&dialog);
-    dialog.hide();
-
-    class ClosingPopup : public ZrWidget
+public:
+    RandomScene(std::mt19937 &random, std::string *log, int width, int height)
+        : random_(random), log_(log)
     {
-    } closing;
-    closing.setAttribute(ZrWidget::DeleteOnClose, false);
-    closing.setWindowFlags(ZrWidget::Popup);
-    closing.setGeometry(ZrRect(100, 100, 20, 20));
-    closing.show();
-    EXPECT_EQ(ZrDesktop::activePopup(), &closing);
-    take();
-    screen->click(10, 10);
-    EXPECT_FALSE(closing.isVisible()) << "a press outside closes a popup";
-    EXPECT_EQ(take().find("w:press"), std::string::npos) << "and nobody else gets it";
+        windows_.push_back(std::make_unique<Probe>("w", log, ZrRect(0, 0, width, height)));
+        windows_.push_back(std::make_unique<Probe>("v", log, randomRect()));
+        windows_.back()->setAttribute(ZrWidget::Translucent, pick(random, 0, 1));
+        for (const auto &window : windows_) {
+            all_.push_back(window.get());
+            addChildren(window.get(), 3);
+            window->show();
+        }
+    }
+
+    void setGeneration(int generation)
+    {
+        int number = generation * 97;
+        for (Probe *probe : all_) {
+            number += 37;
+            probe->color = ZrColor(number % 256, number * 7 % 256, number * 13 % 256);
+        }
+    }
+    void updateEverything()
+    {
+        for (const auto &window : windows_)
+            window->update();
+    }
+    void updateSomething()
+    {
+        Probe *probe = all_[std::size_t(pick(random_, 0, int(all_.size()) - 1))];
+        if (pick(random_, 0, 3) == 0)
+            probe->setHoleRegion(ZrRegion(randomRect()));
+        probe->update(randomRect());
+    }
+
+private:
+    ZrRect randomRect()
+    {
+        return ZrRect(pick(random_, -20, 200), pick(random_, -20, 120), pick(random_, 1, 150),
+                      pick(random_, 1, 90));
+    }
+    void addChildren(ZrWidget *parent, int depth)
+    {
+        for (int i = pick(random_, 1, 4); depth > 0 && i > 0; --i) {
+            auto *child = new Probe("c", log_, randomRect(), parent);
+            child->setVisible(pick(random_, 0, 5) > 0);
+            if (pick(random_, 0, 7) == 0)
+                child->setHoleRegion(ZrRegion(randomRect()));
+            all_.push_back(child);
+            addChildren(child, depth - 1);
+        }
+    }
+
+    std::mt19937 &random_;
+    std::string *log_;
+    std::vector<std::unique_ptr<Probe>> windows_;
+    std::vector<Probe *> all_;
+};
+
+} // namespace
+
+TEST_F(Widgets, PaintingARegionEqualsTheWholePaintingCutToIt)
+{
+    std::mt19937 random = seededRandom();
+    for (int round = 0; round < 12; ++round) {
+        RandomScene scene(random, &log, Width, Height);
+        for (int step = 0; step < 12; ++step) {
+            const auto paintAll = [&](int generation) {
+                scene.setGeneration(generation);
+                scene.updateEverything();
+                screen->settle();
+                return screen->picture();
+            };
+            paintAll(1);
+            scene.setGeneration(2);
+            scene.updateSomething();
+            const ZrRegion dirty = ZrScreen::instance()->dirtyRegion();
+            screen->settle();
+            const std::vector<std::uint16_t> partly = screen->picture();
+            const std::vector<std::uint16_t> before = paintAll(1), after = paintAll(2);
+            for (std::size_t i = 0; i < partly.size(); ++i) {
+                const ZrPoint at(int(i) % Width, int(i) / Width);
+                const std::uint16_t expected = dirty.contains(at) ? after[i] : before[i];
+                ASSERT_EQ(partly[i], expected)
+                    << "round " << round << " step " << step << " at " << at.x() << "," << at.y();
+            }
+        }
+    }
 }
 
-TEST_F(Widgets, FocusByReasonAndPolicy)
+TEST_F(Widgets, HandlersMayDeleteWidgetsAsTheyShowHideAndClose)
 {
-    Probe window("w", &log);
-    window.setGeometry(ZrRect(0, 0, 200, 200));
-    Probe keys("k", &log, &window), any("a", &log, &window);
-    keys.setGeometry(ZrRect(0, 0, 50, 50));
-    any.setGeometry(ZrRect(60, 0, 50, 50));
-    keys.setFocusPolicy(ZrWidget::KeyFocus);
-    any.setFocusPolicy(ZrWidget::AnyFocus);
-    window.show();
-    take();
-    keys.setFocus(Zr::MouseFocus);
-    EXPECT_EQ(take(), "");
-    keys.setFocus(Zr::KeyManagerFocus);
-    EXPECT_EQ(take(), "k:focus ");
-    any.setFocus(Zr::NeverStealFocus);
-    EXPECT_EQ(take(), "");
-    screen->click(70, 10);
-    EXPECT_NE(take().find("k:blur a:focus"), std::string::npos);
-    EXPECT_EQ(ZrDesktop::focusWidget(), &any);
-    EXPECT_EQ(window.firstFocusable(), &any);
+    const struct {
+        const char *what;
+        int type;
+        bool deletesWindow;
+        std::function<void(ZrWidget &)> act;
+        const char *expected;
+    } rows[] = {
+        {"a window in its own hide", ZrEvent::Hide, true, [](ZrWidget &w) { w.hide(); },
+         "w:hide c:! "},
+        {"a child in its hide", ZrEvent::Hide, false, [](ZrWidget &w) { w.hide(); },
+         "w:hide c:! d:hide "},
+        {"a window as a child shows", ZrEvent::Show, true, [](ZrWidget &w) { w.show(); },
+         "w:show c:! "},
+        {"a child as it shows", ZrEvent::Show, false, [](ZrWidget &w) { w.show(); },
+         "w:show c:! d:show "},
+        {"a window that is closed", ZrEvent::Close, true, [](ZrWidget &w) { w.close(); }, "c:! "},
+    };
+    for (const auto &row : rows) {
+        auto *window = new Probe("w", &log, ZrRect(0, 0, 100, 100));
+        auto *child = new Probe("c", &log, ZrRect(0, 0, 50, 50), window);
+        new Probe("d", &log, ZrRect(0, 0, 20, 20), window);
+        if (row.type != ZrEvent::Show)
+            window->show();
+        bool done = false;
+        const std::function<void()> destroy = [&, window, child] {
+            if (done)
+                return;
+            done = true;
+            delete (row.deletesWindow ? window : child);
+        };
+        child->on[row.type] = destroy;
+        if (row.type == ZrEvent::Close) {
+            window->on[row.type] = [&] { child->close(); };
+        }
+        take();
+        row.act(*window);
+        if (row.type == ZrEvent::Close)
+            EXPECT_EQ(take(), "w:! c:! ") << row.what;
+        else
+            EXPECT_EQ(take(), row.expected) << row.what;
+        if (!row.deletesWindow)
+            delete window;
+        take();
+    }
+}
+
+TEST_F(Widgets, ClosingAsksAndDeletesByTheQueue)
+{
+    auto *window = new Probe("w", &log, ZrRect(0, 0, 50, 50));
+    const ZrGuard<ZrWidget> guard(window);
+    window->setAttribute(ZrWidget::DeleteOnClose);
+    window->show();
+    window->on[ZrEvent::Close] = [] {}; // does not accept
+    EXPECT_FALSE(window->close());
+    EXPECT_TRUE(window->isVisible());
+    window->on.clear();
+    EXPECT_TRUE(window->close());
+    EXPECT_TRUE(guard && !window->isVisible()) << "its handlers return before it goes";
+    screen->settle();
+    EXPECT_FALSE(guard);
 }

@@ -1,4 +1,4 @@
-#include "zrtool/random_seed.h"
+#include "support/random_seed.h"
 
 #include <zrdate>
 #include <zrdatetime>

@@ -1,5 +1,5 @@
 #include "zrtool/glyph_store.h"
-#include "zrtool/random_seed.h"
+#include "support/random_seed.h"
 
 #include <zrfontengine>
 #include <zrfontmetrics>

@@ -19,7 +19,6 @@ DaysSelector::DaysSelector(ZrWidget *parent) : ZrWidget(parent)
 {
     for (PressedButton *&button : buttons_) {
         button = new PressedButton(ZrString(), this);
-        button->style().pushButtonOption().padding.set(0, ZrSides());
         connect(button, &button->clicked, this, zrSlot<&DaysSelector::dayClicked>);
     }
     retranslate();

@@ -7,10 +7,5 @@ class PressedButton : public TipButton
 {
     ZR_OBJECT(PressedButton, TipButton)
 public:
-    explicit PressedButton(const ZrString &text = ZrString(), ZrWidget *parent = nullptr)
-        : TipButton(parent)
-    {
-        setText(text);
-        setCheckable(true);
-    }
+    explicit PressedButton(const ZrString &text = ZrString(), ZrWidget *parent = nullptr);
 };

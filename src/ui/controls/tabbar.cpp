@@ -122,6 +122,14 @@ void TabBar::setTabUnits(float narrowest, float font)
     layTabs();
 }
 
+void TabBar::setClear(bool clear)
+{
+    if (clear == clear_)
+        return;
+    clear_ = clear;
+    update();
+}
+
 ZrFont TabBar::tabFont() const
 {
     return ZrFont(fontUnits(fontUnits_));
@@ -250,7 +258,8 @@ void TabBar::focusOutEvent(ZrFocusEvent *event)
 void TabBar::paintEvent(ZrPaintEvent *event)
 {
     ZrPainter painter(this);
-    painter.fillRect(rect(), ground_);
+    if (!clear_)
+        painter.fillRect(rect(), ground_);
     const int line = std::max(1, unitsY(float(bottomLineUnits_)));
     painter.fillRect(ZrRect(0, height() - line, width(), line), bottomLine_);
     for (int i = 0; i < count(); ++i)
@@ -269,7 +278,8 @@ void TabBar::paintTab(ZrPainter &painter, int index) const
                                                    : Normal;
     const ZrRect place = tabRect(index);
     const int line = std::max(1, unitsY(float(bottomLineUnits_)));
-    painter.fillRect(place.adjusted(0, 0, 0, -line), background_[look]);
+    if (!clear_ || (look != Normal && look != Disabled))
+        painter.fillRect(place.adjusted(0, 0, 0, -line), background_[look]);
     if (index == current_) {
         const int thickness = unitsY(float(currentLineUnits_));
         painter.fillRect(

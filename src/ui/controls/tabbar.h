@@ -34,6 +34,8 @@ public:
 
     // Units of the narrowest tab and of the text; tabs that do not fit become narrower together.
     void setTabUnits(float narrowest, float font);
+    // Whether the ground of what it stands on shows between and behind plain tabs.
+    void setClear(bool clear);
     ZrRect tabRect(int index) const;
     ZrSize sizeHint() const override;
 
@@ -76,6 +78,7 @@ private:
     int current_ = -1;
     int focused_ = -1;
     int hovered_ = -1;
+    bool clear_ = false;
     float narrowestUnits_ = 104;
     float fontUnits_ = 17;
     ZrColor ground_;

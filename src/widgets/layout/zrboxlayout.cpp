@@ -31,54 +31,59 @@ void ZrBoxLayoutPrivate::markDirty()
     hfwWidth = hfwHeight = hfwMinHeight = -1;
 }
 
-ZrLayoutStruct ZrBoxLayoutPrivate::entryFor(const ZrBoxLayoutItem &box) const
+namespace
 {
-    const int axis = isHorizontal() ? ZrLayoutItem::Horizontal : ZrLayoutItem::Vertical;
-    ZrLayoutStruct entry;
-    entry.stretch = box.stretch;
-    entry.sizeHint = along(box.item->sizeHint());
-    entry.minimumSize = along(box.item->minimumSize());
-    entry.maximumSize = along(box.item->maximumSize());
-    entry.expansive = box.item->expandingDirections() & axis || box.stretch > 0;
-    entry.empty = box.item->isEmpty();
-    return entry;
-}
+
+// What the items of a line need across it.
+struct Across {
+    int hint = 0;
+    int minimum = 0;
+    CommonMaximum maximum;
+};
+
+} // namespace
 
 void ZrBoxLayoutPrivate::setupGeom(int spacing)
 {
-    if (!dirty)
-        return;
     const int axis = isHorizontal() ? ZrLayoutItem::Horizontal : ZrLayoutItem::Vertical;
     const int otherAxis = ZrLayoutItem::Horizontal + ZrLayoutItem::Vertical - axis;
     hasHfw = false;
+    empty = true;
     expanding = 0;
     geomArray.resize(list.size());
     long long hint = 0, minimum = 0, maximum = 0;
-    int hintAcross = 0, minimumAcross = 0;
-    CommonMaximum maximumAcross;
-    for (int i = 0; i < list.size(); ++i) {
-        const ZrLayoutItem &item = *list.at(i)->item;
-        const ZrLayoutStruct entry = geomArray[i] = entryFor(*list.at(i));
-        hint += entry.sizeHint;
-        minimum += entry.minimumSize;
-        maximum += entry.maximumSize;
-        hintAcross = std::max(hintAcross, across(item.sizeHint()));
-        minimumAcross = std::max(minimumAcross, across(item.minimumSize()));
-        maximumAcross.add(across(item.maximumSize()), item.expandingDirections() & otherAxis,
-                          entry.empty);
+    Across other;
+    ZrLayoutStruct *entry = geomArray.data();
+    for (const ZrBoxLayoutItem *box : list) {
+        const ZrLayoutItem &item = *box->item;
+        const ZrSize itemHint = item.sizeHint(), itemMinimum = item.minimumSize(),
+                     itemMaximum = item.maximumSize();
+        const int expands = item.expandingDirections();
+        *entry = ZrLayoutStruct();
+        entry->stretch = box->stretch;
+        hint += entry->sizeHint = along(itemHint);
+        minimum += entry->minimumSize = along(itemMinimum);
+        maximum += entry->maximumSize = along(itemMaximum);
+        entry->expansive = expands & axis || box->stretch > 0;
+        entry->empty = item.isEmpty();
+        other.hint = std::max(other.hint, across(itemHint));
+        other.minimum = std::max(other.minimum, across(itemMinimum));
+        other.maximum.add(across(itemMaximum), expands & otherAxis, entry->empty);
         hasHfw = hasHfw || item.hasHeightForWidth();
-        if (entry.expansive)
+        empty = empty && entry->empty;
+        if (entry->expansive)
             expanding |= axis;
+        ++entry;
     }
     const long long spaces = spreadSpacing(geomArray, spacing);
-    if (maximumAcross.expands())
+    if (other.maximum.expands())
         expanding |= otherAxis;
     if (expanding & axis || list.isEmpty())
         maximum = ZrLayoutItem::SizeLimit;
-    sizeHint = sized(boundedSize(hint + spaces), hintAcross);
-    minSize = sized(boundedSize(minimum + spaces), minimumAcross);
+    sizeHint = sized(boundedSize(hint + spaces), other.hint);
+    minSize = sized(boundedSize(minimum + spaces), other.minimum);
     maxSize = sized(boundedSize(maximum + spaces),
-                    expanding & otherAxis ? ZrLayoutItem::SizeLimit : maximumAcross.value(0))
+                    expanding & otherAxis ? ZrLayoutItem::SizeLimit : other.maximum.value(0))
                   .expandedTo(minSize);
     dirty = false;
 }
@@ -148,8 +153,10 @@ ZrBoxLayoutPrivate &ZrBoxLayout::box() const
 
 const ZrBoxLayoutPrivate &ZrBoxLayout::cleanBox() const
 {
-    box().setupGeom(spacing());
-    return box();
+    ZrBoxLayoutPrivate &data = box();
+    if (data.dirty)
+        data.setupGeom(spacing());
+    return data;
 }
 
 void ZrBoxLayout::addWidget(ZrWidget *widget, int stretch, int alignment)
@@ -239,7 +246,7 @@ void ZrBoxLayout::setGeometry(const ZrRect &rect)
 {
     if (isPlacedAt(rect))
         return;
-    box().setupGeom(spacing());
+    cleanBox();
     box().place(beginPlacement(rect));
 }
 
@@ -261,6 +268,11 @@ ZrSize ZrBoxLayout::maximumSize() const
 int ZrBoxLayout::expandingDirections() const
 {
     return unlessAligned(cleanBox().expanding);
+}
+
+bool ZrBoxLayout::isEmpty() const
+{
+    return cleanBox().empty;
 }
 
 bool ZrBoxLayout::hasHeightForWidth() const

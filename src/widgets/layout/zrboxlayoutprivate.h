@@ -34,7 +34,7 @@ public:
     }
 
     void markDirty();
-    // Fills geomArray and the sizes, without margins, when dirty.
+    // Fills geomArray and the sizes, without margins; no longer dirty.
     void setupGeom(int spacing);
     // Fills hfwHeight and hfwMinHeight for items that stand in `width` pixels.
     void calcHeightForWidth(int width);
@@ -52,9 +52,7 @@ public:
     ZrSize maxSize;
     int expanding = 0; // a sum of ZrLayoutItem::Axis
     bool hasHfw = false;
+    bool empty = true;
     bool dirty = true;
     ZrBoxLayout::Direction direction;
-
-private:
-    ZrLayoutStruct entryFor(const ZrBoxLayoutItem &box) const;
 };

@@ -19,6 +19,8 @@ ZrGridLayoutPrivate &ZrGridLayout::grid() const
 ZrGridLayoutPrivate &ZrGridLayout::cleanGrid() const
 {
     ZrGridLayoutPrivate &data = grid();
+    if (!data.dirty)
+        return data;
     data.setupData(data.horizontalSpacing >= 0 ? data.horizontalSpacing : spacing(),
                    data.verticalSpacing >= 0 ? data.verticalSpacing : spacing());
     return data;

@@ -150,8 +150,6 @@ void ZrGridLayoutPrivate::setupLine(ZrVector<ZrLayoutStruct> &line, ZrLayoutItem
 
 void ZrGridLayoutPrivate::setupData(int across, int down)
 {
-    if (!dirty)
-        return;
     setupLine(colData, ZrLayoutItem::Horizontal, across);
     setupLine(rowData, ZrLayoutItem::Vertical, down);
     hasHfw = false;

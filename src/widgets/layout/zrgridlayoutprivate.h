@@ -30,7 +30,7 @@ public:
 
     void markDirty();
     void expandTo(int rows, int columns);
-    // Fills rowData, colData and the sizes, without margins, when dirty.
+    // Fills rowData, colData and the sizes, without margins; no longer dirty.
     void setupData(int horizontalSpacing, int verticalSpacing);
     // Fills hfwRows and the heights for columns in `width` pixels.
     void calcHeightForWidth(int width);

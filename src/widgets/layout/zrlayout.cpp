@@ -194,6 +194,8 @@ ZrRect ZrLayout::beginPlacement(const ZrRect &rect)
 {
     rect_ = rect;
     isPlaced_ = true;
+    if (alignment() == 0)
+        return rect.adjusted(left_, top_, -right_, -bottom_);
     ZrSize size = rect.size();
     if (alignment() & Zr::AlignHorizontalMask)
         size.setWidth(std::min(size.width(), sizeHint().width()));

@@ -91,54 +91,47 @@ ZrSize ZrWidgetItem::marginsAround() const
     return ZrSize(margins.left + margins.right, margins.top + margins.bottom);
 }
 
-ZrSize ZrWidgetItem::cutToItem(const ZrSize &size) const
+namespace
 {
-    return size.expandedTo(ZrSize(0, 0)).boundedTo(ZrSize(SizeLimit, SizeLimit));
+
+ZrSize cutToItem(const ZrSize &size)
+{
+    constexpr int Limit = ZrLayoutItem::SizeLimit;
+    return size.expandedTo(ZrSize(0, 0)).boundedTo(ZrSize(Limit, Limit));
 }
 
-ZrSize ZrWidgetItem::sizeHint() const
-{
-    if (isEmpty())
-        return ZrSize();
-    const ZrSize bounded = widget_->sizeHint()
-                               .expandedTo(ZrSize(0, 0))
-                               .boundedTo(widget_->maximumSize())
-                               .expandedTo(widget_->minimumSize());
-    return withoutIgnored(cutToItem(bounded + marginsAround()), widget_->sizePolicy());
-}
+} // namespace
 
-ZrSize ZrWidgetItem::minimumSize() const
+// Each of the widget's hints is asked for once: it may have to measure its text for one.
+ZrWidgetItem::Sizes ZrWidgetItem::askWidget() const
 {
     if (isEmpty())
-        return ZrSize();
+        return Sizes();
+    const ZrSizePolicy policy = widget_->sizePolicy();
+    const ZrSize around = marginsAround();
+    const ZrSize most = widget_->maximumSize(), own = widget_->minimumSize();
+    const ZrSize hint = widget_->sizeHint().expandedTo(ZrSize(0, 0));
     // A widget that may not shrink needs its hint.
-    const ZrSizePolicy policy = widget_->sizePolicy();
-    const ZrSize least = widget_->minimumSizeHint();
-    const ZrSize hint = widget_->sizeHint();
-    const bool shrinksAcross = policy.horizontal() & ZrSizePolicy::Shrink;
-    const bool shrinksDown = policy.vertical() & ZrSizePolicy::Shrink;
-    const int width = shrinksAcross ? least.width() : std::max(least.width(), hint.width());
-    const int height = shrinksDown ? least.height() : std::max(least.height(), hint.height());
-    const ZrSize wanted = withoutIgnored(ZrSize(width, height), policy);
-    const ZrSize own = widget_->minimumSize();
-    const ZrSize minimum(widget_->hasMinimumWidth() ? own.width() : wanted.width(),
-                         widget_->hasMinimumHeight() ? own.height() : wanted.height());
-    return cutToItem(minimum.expandedTo(ZrSize(0, 0)).boundedTo(widget_->maximumSize()) +
-                     marginsAround());
-}
+    ZrSize least = widget_->minimumSizeHint().expandedTo(ZrSize(0, 0));
+    if (!(policy.horizontal() & ZrSizePolicy::Shrink))
+        least.setWidth(std::max(least.width(), hint.width()));
+    if (!(policy.vertical() & ZrSizePolicy::Shrink))
+        least.setHeight(std::max(least.height(), hint.height()));
+    least = withoutIgnored(least, policy);
+    const ZrSize minimum(widget_->hasMinimumWidth() ? own.width() : least.width(),
+                         widget_->hasMinimumHeight() ? own.height() : least.height());
 
-ZrSize ZrWidgetItem::maximumSize() const
-{
-    if (isEmpty())
-        return ZrSize();
-    const ZrSizePolicy policy = widget_->sizePolicy();
-    ZrSize maximum = widget_->maximumSize() + marginsAround();
-    const ZrSize fixed = sizeHint().expandedTo(minimumSize());
+    Sizes sizes;
+    sizes.hint = withoutIgnored(cutToItem(hint.boundedTo(most).expandedTo(own) + around), policy);
+    sizes.minimum = cutToItem(minimum.boundedTo(most) + around);
+    const ZrSize fixed = sizes.hint.expandedTo(sizes.minimum);
+    ZrSize maximum = most + around;
     if (!(policy.horizontal() & ZrSizePolicy::Grow))
         maximum.setWidth(std::min(maximum.width(), fixed.width()));
     if (!(policy.vertical() & ZrSizePolicy::Grow))
         maximum.setHeight(std::min(maximum.height(), fixed.height()));
-    return unlessAligned(cutToItem(maximum));
+    sizes.maximum = unlessAligned(cutToItem(maximum));
+    return sizes;
 }
 
 int ZrWidgetItem::expandingDirections() const
@@ -188,6 +181,10 @@ void ZrWidgetItem::setGeometry(const ZrRect &rect)
         cell = rect.adjusted(-margins.left, -margins.top, margins.right, margins.bottom);
     }
     ZrSize size = cell.size().boundedTo(maximumSize());
+    if (alignment() == 0 && size == cell.size()) {
+        widget_->setGeometry(cell);
+        return;
+    }
     if (alignment() & Zr::AlignHorizontalMask)
         size.setWidth(std::min(size.width(), sizeHint().width()));
     if (alignment() & Zr::AlignVerticalMask) {
@@ -216,45 +213,35 @@ void ZrWidgetItemV2::widgetDied()
     forgetWidget();
 }
 
-void ZrWidgetItemV2::askWidget() const
+const ZrWidgetItem::Sizes &ZrWidgetItemV2::sizes() const
 {
-    if (sizeHint_.width() != Unknown)
-        return;
-    heightCount_ = 0;
-    minimumSize_ = ZrWidgetItem::minimumSize();
-    sizeHint_ = ZrWidgetItem::sizeHint();
-    maximumSize_ = ZrWidgetItem::maximumSize(); // from the two above
+    if (sizes_.hint.width() == Unknown) {
+        sizes_ = askWidget();
+        heightCount_ = 0;
+    }
+    return sizes_;
 }
 
 ZrSize ZrWidgetItemV2::sizeHint() const
 {
-    if (isEmpty())
-        return ZrSize();
-    askWidget();
-    return sizeHint_;
+    return isEmpty() ? ZrSize() : sizes().hint;
 }
 
 ZrSize ZrWidgetItemV2::minimumSize() const
 {
-    if (isEmpty())
-        return ZrSize();
-    askWidget();
-    return minimumSize_;
+    return isEmpty() ? ZrSize() : sizes().minimum;
 }
 
 ZrSize ZrWidgetItemV2::maximumSize() const
 {
-    if (isEmpty())
-        return ZrSize();
-    askWidget();
-    return maximumSize_;
+    return isEmpty() ? ZrSize() : sizes().maximum;
 }
 
 int ZrWidgetItemV2::heightForWidth(int width) const
 {
     if (!hasHeightForWidth())
         return -1;
-    askWidget();
+    sizes(); // forgets the heights of before
     for (int i = 0; i < std::min(heightCount_, HeightsKept); ++i) {
         if (heights_[i].width == width)
             return heights_[i].height;

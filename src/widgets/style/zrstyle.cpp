@@ -5,11 +5,13 @@
 
 #include <zrlabel>
 
-ZrStyle::ZrStyle()
+const std::shared_ptr<ZrStyleOption> &ZrStyle::nothing()
 {
-    static const auto nothing = std::make_shared<ZrStyleOption>();
-    options_ = nothing;
+    static const auto empty = std::make_shared<ZrStyleOption>();
+    return empty;
 }
+
+ZrStyle::ZrStyle() : options_(nothing()) {}
 
 ZrStyle::~ZrStyle() = default;
 
@@ -24,7 +26,11 @@ ZrStyle &ZrStyle::operator=(const ZrStyle &other)
 
 ZrStyle &ZrStyle::applicationStyle()
 {
-    static ZrStyle style;
+    static ZrStyle style = [] {
+        ZrStyle own;
+        own.options_ = std::make_shared<ZrStyleOption>();
+        return own;
+    }();
     return style;
 }
 

@@ -1,0 +1,86 @@
+// A virtual screen with the shipped font, style, pictures and English texts, and one window.
+// Needs the data folder: its targets are what the test program must depend on.
+#pragma once
+
+#include "support/signallog.h"
+#include "support/virtualscreen.h"
+#include "ui/commonstyle.h"
+#include "ui/pictures.h"
+#include "ui/scale.h"
+#include "ui/stylefiles.h"
+#include "widgets/zrdesktop.h"
+#include "widgets/zrinstallwidgets.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <zrfontmetrics>
+#include <zrgraphics>
+#include <zrtranslation>
+#include <zrwidget>
+
+namespace zrtest
+{
+
+class RecorderScreen : public testing::Test
+{
+public:
+    static constexpr int Width = 1280;
+    static constexpr int Height = 720;
+
+    RecorderScreen() : folder_(std::filesystem::current_path())
+    {
+        std::filesystem::current_path(ZR_BINARY_DIR "/data");
+        zrInstallGraphics();
+        zrInstallWidgets();
+        ZrApplication::parts().makePointer = nullptr;
+        screen = std::make_unique<VirtualScreen>(Width, Height);
+        setScreenScale(Width, Height);
+        EXPECT_TRUE(ZrFontMetrics::setFontFile("font/yahei_arial_gothic_unicode.ttf", 5 << 20));
+        forgetStyleFiles();
+        forgetPictures();
+        loadCommonStyle();
+        ZrTranslation::createWithLanguage(&screen->application(), ZrTranslation::English);
+        window = std::make_unique<ZrWidget>();
+        window->setAttribute(ZrWidget::DeleteOnClose, false);
+        window->setGeometry(ZrRect(0, 0, Width, Height));
+        window->show();
+        screen->settle();
+    }
+    ~RecorderScreen() override
+    {
+        window.reset();
+        screen.reset();
+        ZrStyle::applicationStyle() = ZrStyle();
+        std::filesystem::current_path(folder_);
+    }
+
+    template <typename Control>
+    Control *show(Control *control, const ZrRect &where)
+    {
+        control->setGeometry(where);
+        control->show();
+        screen->settle();
+        return control;
+    }
+    // To whoever has the focus; false when nobody took it.
+    bool key(int code)
+    {
+        ZrKeyEvent event(ZrEvent::KeyPress, code);
+        if (ZrWidget *focus = ZrDesktop::focusWidget())
+            ZrApplication::notify(focus, &event);
+        screen->settle();
+        return event.isAccepted();
+    }
+    static std::string utf8(const ZrString &text) { return std::string(text.toUtf8().constData()); }
+
+    std::unique_ptr<VirtualScreen> screen;
+    std::unique_ptr<ZrWidget> window;
+
+private:
+    std::filesystem::path folder_;
+};
+
+} // namespace zrtest

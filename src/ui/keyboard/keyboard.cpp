@@ -315,33 +315,15 @@ void Keyboard::paintEvent(ZrPaintEvent *event)
 
 void Keyboard::keyPressEvent(ZrKeyEvent *event)
 {
-    event->accept();
-    switch (event->key()) {
-    case Zr::Key_Escape:
+    if (event->key() == Zr::Key_Escape)
         close();
-        return;
-    case Zr::Key_Backspace:
+    else if (event->key() == Zr::Key_Backspace)
         erase();
-        return;
-    case Zr::Key_Enter:
-        clickKey();
-        return;
-    case Zr::Key_Left:
-        leftKey();
-        return;
-    case Zr::Key_Right:
-        rightKey();
-        return;
-    case Zr::Key_Up:
-        upKey();
-        return;
-    case Zr::Key_Down:
-        downKey();
-        return;
-    default:
-        if (!event->text().isEmpty())
-            typed(event->text());
-    }
+    else if (event->text().isEmpty())
+        CWidget::keyPressEvent(event);
+    else
+        typed(event->text());
+    event->accept();
 }
 
 void Keyboard::mousePressEvent(ZrMouseEvent *event)

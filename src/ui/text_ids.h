@@ -31,6 +31,7 @@ enum Id {
     Close = 200002,
     SelectAll = 200013,
     Continue = 200021,
+    None = 200040,
     Disabled = 200042,
     Percent = 200056, // "%1" 0 to 100
     PleaseWait = 200071,

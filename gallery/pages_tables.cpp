@@ -40,9 +40,14 @@ struct ColumnKind {
     float width;
 };
 constexpr ColumnKind Kinds[Columns] = {
-    {0, 48},           {Text::Channel, 110},   {Text::Name, 160},
-    {Text::State, 92}, {Text::Recording, 108}, {Text::LowerLeft, 138},
-    {0, 100},          {Text::Size, 100},
+    {0, 44},
+    {Text::Channel, 132},
+    {Text::Name, 160},
+    {Text::State, 100},
+    {Text::Recording, 112},
+    {Text::NamePosition, 156},
+    {0, 92},
+    {Text::Size, 100},
 };
 
 // One row cannot be changed, as that of a camera that is gone.
@@ -106,7 +111,7 @@ void fillTables(GalleryPage &page)
     form->rowItem(DisabledRow)->setEnabled(false);
     form->setCurrentCell(SelectedRow, ChannelColumn);
 
-    page.beginRow(Text::GalleryLists, 310);
+    page.beginRow(Text::GalleryTables, 310);
     ZrTableWidget *all = makeTable(page);
     constexpr int LongColumns = 4;
     all->setColumnCount(LongColumns);
@@ -118,7 +123,8 @@ void fillTables(GalleryPage &page)
         all->setColumnTitle(column, tr(Text::GalleryColumn).arg(column + 1));
         for (int row = 0; row < LongRows; ++row)
             all->setText(row, column,
-                         tr(Text::GalleryRow).arg(column == 0 ? row + 1 : row * 7919 % 10007));
+                         tr(Text::GalleryRow)
+                             .arg(column == 0 ? row + 1 : (row * 7919 + column * 331) % LongRows));
     }
     all->setCurrentCell(2, 1);
 }

@@ -20,6 +20,7 @@ enum Id {
     Connecting = 102513,
     LoginFailed = 102514,
     Recording = 103002,
+    NamePosition = 103013,
     SplitMode = 103508, // "%1" the mode's short name
     LowBandwidth = 106042,
     LowBattery = 106043,

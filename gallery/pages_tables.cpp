@@ -42,10 +42,10 @@ struct ColumnKind {
 constexpr ColumnKind Kinds[Columns] = {
     {0, 44},
     {Text::Channel, 132},
-    {Text::Name, 160},
+    {Text::Name, 100},
     {Text::State, 100},
-    {Text::Recording, 112},
-    {Text::NamePosition, 156},
+    {Text::Recording, 126},
+    {Text::NamePosition, 150},
     {0, 92},
     {Text::Size, 100},
 };

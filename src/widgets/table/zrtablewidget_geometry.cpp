@@ -197,7 +197,6 @@ void ZrTableWidget::adopt(ZrTableWidgetColItem &item)
     if (widget) {
         ++widgetCount_;
         widget->setParent(isTitle ? static_cast<ZrWidget *>(hHeader_) : viewPort_);
-        widget->installEventFilter(this);
         item.passEnabling();
         if (!widget->isHidden())
             widget->show();
@@ -216,7 +215,20 @@ void ZrTableWidget::placeRow(int row)
             continue;
         const ZrRect place = cellRect(row, column);
         cell->setGeometry(place.left(), place.top(), place.width(), place.height());
+        watch(*cell, row >= firstPlaced_ && row <= lastPlaced_);
     }
+}
+
+// Only what is in sight can get the focus, and ten thousand filters would be as many connections.
+void ZrTableWidget::watch(ZrTableWidgetColItem &cell, bool inSight)
+{
+    if (inSight == cell.watched_)
+        return;
+    cell.watched_ = inSight;
+    if (inSight)
+        cell.widget()->installEventFilter(this);
+    else
+        cell.widget()->removeEventFilter(this);
 }
 
 void ZrTableWidget::placeTitles()

@@ -79,6 +79,7 @@ void ZrTableWidgetColItem::setWidget(ZrWidget *widget)
         return;
     releaseWidget();
     widget_ = widget;
+    watched_ = false;
     if (ZrTableWidget *owner = table())
         owner->adopt(*this);
 }

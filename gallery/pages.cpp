@@ -6,6 +6,7 @@ const PageKind Pages[] = {
     {"buttons", Text::GalleryButtons, fillButtons}, {"choices", Text::GalleryChoices, fillChoices},
     {"entry", Text::GalleryEntry, fillEntry},       {"numbers", Text::GalleryNumbers, fillNumbers},
     {"lists", Text::GalleryLists, fillLists},       {"sliders", Text::GallerySliders, fillSliders},
-    {"labels", Text::GalleryLabels, fillLabels},    {"dialogs", Text::GalleryDialogs, fillDialogs},
+    {"labels", Text::GalleryLabels, fillLabels},    {"tables", Text::GalleryTables, fillTables},
+    {"dialogs", Text::GalleryDialogs, fillDialogs},
 };
 const int PageCount = int(sizeof Pages / sizeof *Pages);

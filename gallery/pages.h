@@ -19,4 +19,5 @@ void fillNumbers(GalleryPage &page);
 void fillLists(GalleryPage &page);
 void fillSliders(GalleryPage &page);
 void fillLabels(GalleryPage &page);
+void fillTables(GalleryPage &page);
 void fillDialogs(GalleryPage &page);

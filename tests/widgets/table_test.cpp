@@ -45,6 +45,9 @@ TEST_F(Table, ArrowsWalkTheCells)
         EXPECT_EQ(log.take(), step.signals) << step.what;
     }
     EXPECT_FALSE(key(Zr::Key_Escape));
+    table->setCurrentCell(0, 1);
+    table->setCurrentCell(1, 0);
+    EXPECT_EQ(cell(), ZrPoint(0, 0)) << "nothing hidden becomes current";
     table->setColumnHidden(0, true);
     EXPECT_TRUE(key(Zr::Key_Left)) << "nothing but hidden columns on that side";
     table->setCurrentCell(Rows - 1, 2);

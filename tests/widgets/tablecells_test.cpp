@@ -157,6 +157,10 @@ TEST_F(TableCells, ColumnsDivideWhatIsLeft)
     check(150);
     table->resize(ZrSize(table->width() + 70, table->height()));
     check(220);
+    table->setColumnWidth(3, 90);
+    screen->settle();
+    EXPECT_EQ(table->columnWidth(1), 20 + 160 / 3) << "a later one takes from an earlier one";
+    table->setColumnWidth(3, 30);
     table->resize(ZrSize(200, table->height()));
     check(0);
     EXPECT_TRUE(table->hScrollBar()->isVisible());
@@ -169,8 +173,14 @@ TEST_F(TableCells, ColumnsDivideWhatIsLeft)
 
 TEST_F(TableCells, ASpanIsOneCell)
 {
-    table->setText(1, 1, ZrString("wide"));
+    int own = 0;
+    int covered = 0;
+    table->setItem(1, 1, new CountedCell(&own));
+    table->setItem(2, 2, new CountedCell(&covered));
     table->setSpan(1, 1, 2, 2);
+    screen->settle();
+    EXPECT_EQ(own, 1);
+    EXPECT_EQ(covered, 0);
     EXPECT_TRUE(table->cellRect(2, 2) == table->cellRect(1, 1));
     EXPECT_EQ(table->cellRect(1, 1).width(), 2 * ColumnWidth);
     table->setCurrentCell(2, 2);

@@ -344,6 +344,8 @@ void ZrTableWidget::updateRow(int row)
 
 void ZrTableWidget::updateCell(int row, int column)
 {
+    if (column >= columnCount())
+        return; // it has just gone
     if (column < 0 || (row >= 0 && selectionMode_ == SelectRow))
         updateRow(row);
     else if (row < 0)

@@ -288,6 +288,14 @@ void Keyboard::walk(int rows, int columns)
     updateKey({row_, column_});
 }
 
+void Keyboard::goToDone()
+{
+    for (int row = 0; row < int(rows_.size()); ++row)
+        for (int column = 0; column < int(rows_[std::size_t(row)].size()); ++column)
+            if (rows_[std::size_t(row)][std::size_t(column)].action == KeyboardKey::Done)
+                setCurrent(row, column);
+}
+
 // --- painting ---
 
 KeyboardLook::State Keyboard::stateOf(const Place &place) const
@@ -339,8 +347,12 @@ void Keyboard::keyPressEvent(ZrKeyEvent *event)
         downKey();
         return;
     default:
-        if (!event->text().isEmpty())
-            typed(event->text());
+        if (event->text().isEmpty())
+            return;
+        const ZrGuard<Keyboard> self(this);
+        typed(event->text());
+        if (self)
+            goToDone();
     }
 }
 

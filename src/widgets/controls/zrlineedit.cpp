@@ -129,7 +129,7 @@ int ZrLineEdit::maxLength() const
 void ZrLineEdit::setMaxLength(int characters)
 {
     editable_->maxLength = characters;
-    setText(text());
+    edit([&] { return editable_->refit(); });
 }
 
 int ZrLineEdit::maxBytes() const
@@ -140,13 +140,13 @@ int ZrLineEdit::maxBytes() const
 void ZrLineEdit::setMaxBytes(int bytes)
 {
     editable_->maxBytes = bytes;
-    setText(text());
+    edit([&] { return editable_->refit(); });
 }
 
 void ZrLineEdit::setAllowedCharacters(const ZrCharacterSet &set)
 {
     editable_->allowed = set;
-    setText(text());
+    edit([&] { return editable_->refit(); });
 }
 
 // --- cursor and selection ---

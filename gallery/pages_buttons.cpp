@@ -114,14 +114,14 @@ void fillChoices(GalleryPage &page)
             page.add(new BoolButton, 64, row.pose)->setChecked(checked);
     page.beginRow(Text::DaysOfWeek, 36);
     page.add(new DaysSelector, 560)->setDays(DaysSelector::AllDays & ~(1 << 6));
-    page.beginRow(Text::GalleryChoices, 32);
+    page.beginRow(Text::ChooseSource, 32);
     auto *group = new ZrButtonGroup(&page);
     for (int i = 1; i <= 3; ++i) {
         auto *radio = page.add(new ZrRadioButton(tr(Text::GalleryChoice).arg(i)), ChoiceWidth);
         group->addButton(radio);
         radio->setChecked(i == 2);
     }
-    page.beginRow(Text::GalleryChoices, 110);
+    page.beginRow(Text::GallerySwitchedOn, 110);
     auto *box = page.add(new ZrGroupBox(tr(Text::GallerySwitchedOn)), 360);
     box->setCheckable(true);
     box->setChecked(true);

@@ -79,7 +79,7 @@ void fillLists(GalleryPage &page)
             list->addItem(entry(i));
         list->setCurrentRow(1);
     }
-    page.beginRow(Text::GalleryChoices, 200);
+    page.beginRow(Text::Filter, 200);
     ZrStringList texts;
     ZrBitArray checked(12);
     for (int i = 1; i <= 12; ++i) {

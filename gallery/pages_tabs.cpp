@@ -82,5 +82,5 @@ void fillTabs(GalleryPage &page)
     page.beginRow(Text::GalleryTabs, 120);
     page.add(new Paged, Wide);
     page.beginRow(Text::GalleryTabs, 220);
-    page.add(new ScrollArea, 490)->setWidget(tallPage());
+    page.add(new ScrollArea, 472)->setWidget(tallPage());
 }

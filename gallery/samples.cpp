@@ -79,7 +79,7 @@ const Sample Samples[] = {
     {"progress", Text::GalleryShowProgress, progress},
     {"format", Text::ChooseFormat, format},
     {"import", Text::ChooseSource, import},
-    {"choices", Text::GalleryChoices, severalChoices},
+    {"choices", Text::Filter, severalChoices},
 };
 const int SampleCount = int(sizeof Samples / sizeof *Samples);
 

@@ -59,6 +59,7 @@ enum Id {
     Folder = 200227,
     Number = 200255,
     Address = 200256,
+    Filter = 200262,
     ChooseFormat = 200281,
     ChooseSource = 200282,
     NetworkFolder = 200284,

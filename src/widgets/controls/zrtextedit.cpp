@@ -390,6 +390,18 @@ void ZrTextEdit::focusOutEvent(ZrFocusEvent *event)
     update();
 }
 
+void ZrTextEdit::hoverEnterEvent(ZrHoverEvent *event)
+{
+    ZrWidget::hoverEnterEvent(event);
+    update();
+}
+
+void ZrTextEdit::hoverLeaveEvent(ZrHoverEvent *event)
+{
+    ZrWidget::hoverLeaveEvent(event);
+    update();
+}
+
 void ZrTextEdit::resizeEvent(ZrResizeEvent *)
 {
     layout_.reset();

@@ -53,8 +53,8 @@ constexpr int FontCacheBytes = 1048576;
 
 void loadFont()
 {
-    ZrFontMetrics::setFontFile(
-        resolveResourcePath(ZrString("font/yahei_arial_gothic_unicode.ttf")), FontCacheBytes);
+    ZrFontMetrics::setFontFile(resolveResourcePath(ZrString("font/yahei_arial_gothic_unicode.ttf")),
+                               FontCacheBytes);
 }
 
 int runInteractive(int argc, char **argv)

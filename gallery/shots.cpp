@@ -3,9 +3,12 @@
 #include "gallerywindow.h"
 #include "pages.h"
 #include "platform/framebufferdoor.h"
+#include "popups.h"
 #include "samples.h"
 #include "ui/commonstyle.h"
+#include "ui/dialogs/busysign.h"
 #include "ui/scale.h"
+#include "ui/text_ids.h"
 #include "virtualboard.h"
 #include "workbench/board/pngfile.h"
 
@@ -35,10 +38,25 @@ struct Shot {
 bool takeDialogs(const Shot &shot)
 {
     for (int i = 0; i < SampleCount; ++i) {
-        const std::unique_ptr<DialogFrame> dialog(Samples[i].make());
+        const std::unique_ptr<ZrDialog> dialog(Samples[i].make());
         dialog->show();
         if (!shot.take(std::string("dialog-") + Samples[i].name))
             return false;
+    }
+    showBusySign(tr(Text::PleaseWaitFor).arg(tr(Text::SearchingRecordings)));
+    const bool taken = shot.take("dialog-slow");
+    hideBusySign();
+    return taken;
+}
+
+bool takePopups(const Shot &shot, const GalleryPage &page, const std::string &name)
+{
+    for (int i = 0; i < PopupCount; ++i) {
+        if (name != Popups[i].page)
+            continue;
+        if (!openPopup(page, Popups[i]) || !shot.take(Popups[i].name))
+            return false;
+        closePopup();
     }
     return true;
 }
@@ -52,7 +70,7 @@ bool takePages(const Shot &shot, const std::string &onlyPage)
         if (!onlyPage.empty() && onlyPage != Pages[i].name)
             continue;
         window.showPage(i);
-        if (!shot.take(Pages[i].name))
+        if (!shot.take(Pages[i].name) || !takePopups(shot, *window.page(), Pages[i].name))
             return false;
         if (Pages[i].fill == fillDialogs && !takeDialogs(shot))
             return false;

@@ -232,6 +232,8 @@ const ImageFile Images[] = {
      picture<&ZrStyle::dateEditOption, &ZrDateEditOption::downArrow>},
     {"images/datetimeedit-down-arrow-focus.png", H | F,
      picture<&ZrStyle::dateEditOption, &ZrDateEditOption::downArrow>},
+    {"images/datetimeedit-down-arrow-disabled.png", D,
+     picture<&ZrStyle::dateEditOption, &ZrDateEditOption::downArrow>},
 };
 
 void loadColors(const ZrIniFile &file, ZrStyle &style)

@@ -11,6 +11,7 @@ const PageKind Pages[] = {
     {"lists", Text::GalleryLists, fillLists},
     {"sliders", Text::GallerySliders, fillSliders},
     {"tabs", Text::GalleryTabs, fillTabs},
+    {"tables", Text::GalleryTables, fillTables},
     {"labels", Text::GalleryLabels, fillLabels},
     {"dialogs", Text::GalleryDialogs, fillDialogs},
 };

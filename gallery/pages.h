@@ -21,4 +21,5 @@ void fillLists(GalleryPage &page);
 void fillSliders(GalleryPage &page);
 void fillTabs(GalleryPage &page);
 void fillLabels(GalleryPage &page);
+void fillTables(GalleryPage &page);
 void fillDialogs(GalleryPage &page);

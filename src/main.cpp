@@ -5,6 +5,8 @@
 #include "link/startup.h"
 #include "live/mainviewmanager.h"
 #include "ui/commonstyle.h"
+#include "ui/dialogs/busysign.h"
+#include "ui/input/zrkeymanager.h"
 #include "ui/scale.h"
 #include "ui/uimanager.h"
 #include "users/authoritymanager.h"
@@ -24,11 +26,18 @@ void create(ZrObject *parent)
         new Subject(parent); // owned by the parent
 }
 
+void createKeyManager(ZrObject *parent)
+{
+    if (!ZrKeyManager::instance())
+        (new ZrKeyManager(parent))->startPanel(); // owned by the parent
+}
+
 // In this order: each may use those before it.
 constexpr UiModule Modules[] = {{"ZrTranslation", ZrTranslation::createTranslation},
                                 {"AuthorityManager", create<AuthorityManager>},
                                 {"CameraModel", create<CameraModel>},
                                 {"MainViewManager", create<MainViewManager>},
+                                {"ZrKeyManager", createKeyManager},
                                 {nullptr, nullptr}};
 
 int countIpCameras()
@@ -54,5 +63,6 @@ int main(int argc, char **argv)
     setScreenScale(desktop.width(), desktop.height());
     loadCommonStyle(); // before any widget: those that change a font keep the rest as it was then
     new UiManager(&application, {Modules, countIpCameras}); // owned by the application
+    watchSlowRequests();
     return application.exec();
 }

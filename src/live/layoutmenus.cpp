@@ -1,14 +1,15 @@
 #include "live/layoutmenus.h"
 
 #include "link/deviceparams.h"
-#include "link/startup.h"
 #include "live/splitmodes.h"
 #include "live/zrvideoscreenlayoutmanager.h"
+#include "ui/controls/iconbutton.h"
 #include "ui/maincommands.h"
 #include "ui/scale.h"
+#include "ui/stylefiles.h"
 #include "ui/text_ids.h"
 
-#include <zrinifile>
+#include <string>
 #include <zrpainter>
 #include <zrtranslation>
 
@@ -17,24 +18,22 @@ namespace
 
 constexpr float ButtonUnits = 50;
 constexpr float MarginUnits = 8;
-constexpr int NoMode = -1;
 
-// data: images/mainview-layout*-hover.png images/more-layout{,-hover}.png
-ZrImage loadImage(const ZrString &name)
+// data: images/mainview-layout*-hover.png
+IconButton *modeButton(int id, ZrWidget *menu)
 {
-    return ZrImage(resolveResourcePath(ZrString("images/") + name + ZrString(".png")));
+    const std::string file = std::string("images/mainview-layout") + live::SplitModes[id].name;
+    const std::string normal = file + ".png";
+    const std::string hover = file + "-hover.png";
+    auto *button = new IconButton({normal.c_str(), hover.c_str()}, menu); // owned by the menu
+    button->setAction(id);
+    return button;
 }
 
-LayoutButton *modeButton(int id, ZrWidget *menu)
+void nameModes(const ZrVector<IconButton *> &buttons)
 {
-    const ZrString file = ZrString("mainview-layout") + ZrString(live::SplitModes[id].name);
-    return new LayoutButton(file, id, menu); // owned by the menu
-}
-
-void nameModes(const ZrVector<LayoutButton *> &buttons)
-{
-    for (LayoutButton *button : buttons)
-        button->setToolTip(ZrVideoScreenLayoutManager::instance()->nameOfMode(button->modeId()));
+    for (IconButton *button : buttons)
+        button->setToolTip(ZrVideoScreenLayoutManager::instance()->nameOfMode(button->action()));
 }
 
 // Where the nth button of a grid stands.
@@ -54,74 +53,12 @@ ZrSize gridSize(int columns, int rows)
 
 } // namespace
 
-LayoutButton::LayoutButton(const ZrString &file, int modeId, ZrWidget *parent)
-    : ZrWidget(parent),
-      image_(loadImage(file)),
-      hoverImage_(loadImage(file + ZrString("-hover"))),
-      modeId_(modeId)
-{
-    setAttribute(Hover);
-    setFocusPolicy(AnyFocus);
-}
-
-void LayoutButton::paintEvent(ZrPaintEvent *)
-{
-    const ZrImage &image = isHovered() || hasFocus() ? hoverImage_ : image_;
-    if (!image.isNull())
-        ZrPainter(this).drawScaledPixmap(rect(), image);
-}
-
-void LayoutButton::mousePressEvent(ZrMouseEvent *event)
-{
-    event->accept();
-}
-
-void LayoutButton::mouseReleaseEvent(ZrMouseEvent *event)
-{
-    event->accept();
-    if (event->button() == Zr::LeftButton && rect().contains(event->position()))
-        emit(this, &clicked);
-}
-
-void LayoutButton::keyPressEvent(ZrKeyEvent *event)
-{
-    if (event->key() != Zr::Key_Enter) {
-        ZrWidget::keyPressEvent(event);
-        return;
-    }
-    event->accept();
-    emit(this, &clicked);
-}
-
-void LayoutButton::hoverEnterEvent(ZrHoverEvent *event)
-{
-    ZrWidget::hoverEnterEvent(event);
-    update();
-}
-
-void LayoutButton::hoverLeaveEvent(ZrHoverEvent *event)
-{
-    ZrWidget::hoverLeaveEvent(event);
-    update();
-}
-
-void LayoutButton::focusInEvent(ZrFocusEvent *event)
-{
-    ZrWidget::focusInEvent(event);
-    update();
-}
-
-void LayoutButton::focusOutEvent(ZrFocusEvent *event)
-{
-    ZrWidget::focusOutEvent(event);
-    update();
-}
-
 ScreanLayoutMenu::ScreanLayoutMenu(ZrWidget *parent)
-    : ZrWidget(parent), more_(new LayoutButton(ZrString("more-layout"), NoMode, this))
+    : ZrWidget(parent),
+      more_(new IconButton({"images/more-layout.png", "images/more-layout-hover.png"}, this))
 {
     for (int i = 0; i < live::offeredRegularModes(channelCount()); ++i) {
-        LayoutButton *button = modeButton(live::RegularModes[i], this);
+        IconButton *button = modeButton(live::RegularModes[i], this);
         button->setGeometry(gridPlace(i, int(std::size(live::RegularModes)) + 1));
         connect(button, &button->clicked, this, zrSlot<&ScreanLayoutMenu::pick>);
         buttons_.append(button);
@@ -146,7 +83,7 @@ ZrSize ScreanLayoutMenu::sizeHint() const
 
 void ScreanLayoutMenu::pick(ZrObject *button)
 {
-    postMainViewCommand(MainViewCommand::SetLayout, static_cast<LayoutButton *>(button)->modeId());
+    postMainViewCommand(MainViewCommand::SetLayout, static_cast<IconButton *>(button)->action());
 }
 
 void ScreanLayoutMenu::showMore()
@@ -169,7 +106,7 @@ MoreLayoutMenu *MoreLayoutMenu::instance()
 
 MoreLayoutMenu::MoreLayoutMenu()
 {
-    const ZrIniFile file(resolveResourcePath(ZrString("style/mainview.ini")));
+    const ZrIniFile &file = styleFile("style/mainview.ini");
     border_ = file.colorValue(ZrString("ManulWidget/Border"));
     background_ = file.colorValue(ZrString("ManulWidget/Background"));
     line_ = file.colorValue(ZrString("ManulWidget/Line/Color"));
@@ -180,7 +117,7 @@ MoreLayoutMenu::MoreLayoutMenu()
     while (side_ * side_ < count)
         ++side_;
     for (int i = 0; i < count; ++i) {
-        LayoutButton *button = modeButton(live::UnevenModes[i], this);
+        IconButton *button = modeButton(live::UnevenModes[i], this);
         button->setGeometry(gridPlace(i, side_));
         connect(button, &button->clicked, this, zrSlot<&MoreLayoutMenu::pick>);
         buttons_.append(button);
@@ -217,7 +154,7 @@ void MoreLayoutMenu::paintEvent(ZrPaintEvent *)
 
 void MoreLayoutMenu::pick(ZrObject *button)
 {
-    lastMode_ = static_cast<LayoutButton *>(button)->modeId();
+    lastMode_ = static_cast<IconButton *>(button)->action();
     postMainViewCommand(MainViewCommand::SetLayout, lastMode_);
     close();
 }

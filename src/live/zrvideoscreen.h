@@ -40,6 +40,13 @@ public:
 
     // By index into the split modes. Nothing when it is the mode already, on its first page.
     void setLayout(int index);
+    // The split mode that the user chose, also while a cell fills the screen.
+    const ZrVideoScreenLayout &userLayout() const { return *userLayout_; }
+    // The channel of each cell, 255 for none.
+    ZrVector<std::uint8_t> channelOrder() const;
+    // A channel that is named twice stays at the first place, and one that is not named comes to
+    // the first empty cell: no camera is lost from the live view.
+    void setChannelOrder(const ZrVector<std::uint8_t> &order);
     int layoutIndex() const;
     int cellCount() const { return currentLayout_->cellCount(); }
     void pageDown();
@@ -78,7 +85,7 @@ private:
     void refreshPage();
     MainViewVideo *newCell();
     void makeCells();
-    void bindChannels(WireReader &record);
+    void bindChannels(const ZrVector<std::uint8_t> &order);
     int modeFor(int stored) const;
     void restoreSelection(int stored);
     void updateHole();

@@ -10,11 +10,21 @@
 
 using live::PreviewParam;
 
+namespace
+{
+
+constexpr std::uint8_t NoChannel = 255;
+
+} // namespace
+
 void ZrVideoScreen::applyPreviewRecord(WireReader record)
 {
     restored_ = true;
     makeCells();
-    bindChannels(record);
+    ZrVector<std::uint8_t> order;
+    for (int i = 0; i < std::min(channelCount(), int(PreviewParam::MaximumSlots)); ++i)
+        order.append(record.u8(PreviewParam::OffsetChannels + std::size_t(i)));
+    bindChannels(order);
     const int mode = modeFor(record.u8(PreviewParam::OffsetMode));
     userLayout_ = ZrVideoScreenLayoutManager::instance()->layoutAt(mode);
     currentLayout_ = userLayout_;
@@ -26,9 +36,28 @@ void ZrVideoScreen::applyPreviewRecord(WireReader record)
         toggleFullScreen();
 }
 
-// Each cell takes the channel that the record names, unless it is taken, absent or without a
+ZrVector<std::uint8_t> ZrVideoScreen::channelOrder() const
+{
+    ZrVector<std::uint8_t> order;
+    for (int i = 0; i < channelCount(); ++i) {
+        const MainViewVideo *cell = cellAt(i);
+        order.append(cell && cell->channel() ? std::uint8_t(cell->channel()->channelNo())
+                                             : NoChannel);
+    }
+    return order;
+}
+
+void ZrVideoScreen::setChannelOrder(const ZrVector<std::uint8_t> &order)
+{
+    bindChannels(order);
+    refreshPage();
+    emit(this, &pageChanged);
+    emit(this, &orderChanged);
+}
+
+// Each cell takes the channel that the order names, unless it is taken, absent or without a
 // camera; what is left over fills the empty cells.
-void ZrVideoScreen::bindChannels(WireReader &record)
+void ZrVideoScreen::bindChannels(const ZrVector<std::uint8_t> &order)
 {
     const int slots = channelCount();
     ZrVector<ZrChannel *> placed;
@@ -39,8 +68,8 @@ void ZrVideoScreen::bindChannels(WireReader &record)
         placed[i] = nullptr;
         used[i] = false;
     }
-    for (int i = 0; i < std::min(slots, int(PreviewParam::MaximumSlots)); ++i) {
-        const int number = record.u8(PreviewParam::OffsetChannels + std::size_t(i));
+    for (int i = 0; i < std::min(slots, order.size()); ++i) {
+        const int number = order.at(i);
         ZrChannel *channel = cameraModel_->channel(number);
         if (!channel || used.at(number) || !channel->isValid())
             continue;

@@ -63,6 +63,8 @@ void ZrDesktop::setFocusWidget(ZrWidget *widget, int reason)
     // A subclass refuses the focus by clearing the bit in its handler.
     if (next && next->hasFocus() && !desktop->focus_)
         desktop->focus_ = next.get();
+    if (next && desktop->focus_ == next.get() && reason == Zr::KeyManagerFocus)
+        desktop->toolTips_.keysMoved(next.get());
 }
 
 // --- windows ---

@@ -45,8 +45,8 @@ public:
     // The topmost widget at a point of the screen that takes the mouse.
     static ZrWidget *widgetAt(const ZrPoint &global);
 
-    // Tool tips. The view is told which widget's tip to show and where, and when to hide it; until
-    // one is set, there are no tips.
+    // The view is told which widget's tip to show and where, and when to hide it. Null: the common
+    // one.
     static void setToolTipView(std::unique_ptr<ZrToolTipView> view);
     // The user acts by other means than the pointer.
     static void dismissToolTip();

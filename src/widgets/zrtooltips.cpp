@@ -1,12 +1,34 @@
 #include "widgets/zrtooltips.h"
 
+#include <zrtiplabel>
+
+namespace
+{
+
+class LabelView : public ZrToolTipView
+{
+public:
+    void showToolTip(ZrWidget *widget, const ZrPoint &global) override
+    {
+        label_ = std::make_unique<ZrTipLabel>();
+        label_->setText(widget->toolTip());
+        label_->showAt(global);
+    }
+    void hideToolTip() override { label_.reset(); }
+
+private:
+    std::unique_ptr<ZrTipLabel> label_;
+};
+
+} // namespace
+
 ZrToolTipView::~ZrToolTipView() = default;
 
-ZrToolTips::ZrToolTips()
+ZrToolTips::ZrToolTips() : view_(std::make_unique<LabelView>())
 {
     rest_.setSingleShot(true);
     rest_.setInterval(RestMs);
-    connect(&rest_, &rest_.timeout, this, zrSlot<&ZrToolTips::pointerRested>);
+    connect(&rest_, &rest_.timeout, this, zrSlot<&ZrToolTips::rested>);
     shown_.setSingleShot(true);
     shown_.setInterval(ShownMs);
     connect(&shown_, &shown_.timeout, this, zrSlot<&ZrToolTips::hide>);
@@ -15,7 +37,7 @@ ZrToolTips::ZrToolTips()
 void ZrToolTips::setView(std::unique_ptr<ZrToolTipView> view)
 {
     dismiss();
-    view_ = std::move(view);
+    view_ = view ? std::move(view) : std::make_unique<LabelView>();
 }
 
 void ZrToolTips::pointerMoved(ZrWidget *under, const ZrPoint &global)
@@ -23,18 +45,29 @@ void ZrToolTips::pointerMoved(ZrWidget *under, const ZrPoint &global)
     ZrWidget *owner = under;
     while (owner && owner->toolTip().isEmpty())
         owner = owner->parentWidget();
-    position_ = global;
     if (isShown_ && owner && owner == owner_.get())
         return;
+    await(owner, global);
+}
+
+void ZrToolTips::keysMoved(ZrWidget *focused)
+{
+    if (!focused->toolTip().isEmpty())
+        await(focused, focused->mapToGlobal(focused->rect().center()));
+}
+
+void ZrToolTips::await(ZrWidget *owner, const ZrPoint &global)
+{
     dismiss();
     owner_ = owner;
-    if (owner && view_)
+    position_ = global;
+    if (owner)
         rest_.start();
 }
 
-void ZrToolTips::pointerRested()
+void ZrToolTips::rested()
 {
-    if (!owner_ || !owner_->isVisible() || !view_)
+    if (!owner_ || !owner_->isVisible())
         return;
     isShown_ = true;
     shown_.start();
@@ -44,8 +77,7 @@ void ZrToolTips::pointerRested()
 // The owner stays: a pointer that moves on inside it does not bring back what has been read.
 void ZrToolTips::hide()
 {
-    if (view_)
-        view_->hideToolTip();
+    view_->hideToolTip();
 }
 
 void ZrToolTips::dismiss()

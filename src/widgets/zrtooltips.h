@@ -1,4 +1,4 @@
-// When tool tips come and go. What they look like is the view's matter.
+// When tool tips come and go, and how they are shown unless somebody has another view.
 #pragma once
 
 #include <memory>
@@ -17,8 +17,8 @@ public:
     virtual void hideToolTip() = 0;
 };
 
-// A tip shows once the pointer has rested on a widget that has one, or on a child of it, and until
-// it has been read, the pointer leaves or the user acts. Without a view nothing is shown.
+// A tip shows once the pointer has rested on a widget that has one, or on a child of it, or the
+// keys have, and until it has been read, the pointer leaves or the user acts.
 class ZrToolTips : public ZrObject
 {
     ZR_OBJECT(ZrToolTips, ZrObject)
@@ -27,17 +27,21 @@ public:
     static constexpr int ShownMs = 10000;
 
     ZrToolTips();
+    // Null: a ZrTipLabel, which is what is there at first.
     void setView(std::unique_ptr<ZrToolTipView> view);
 
     // No button is held; null over nothing.
     void pointerMoved(ZrWidget *under, const ZrPoint &global);
-    // No tip until the pointer moves again.
+    // Who comes by keys has no pointer to rest on the widget.
+    void keysMoved(ZrWidget *focused);
+    // No tip until the pointer or the keys move again.
     void dismiss();
     // The widget and all in it are not to be seen any more.
     void widgetHidden(const ZrWidget *widget);
 
 private:
-    void pointerRested();
+    void await(ZrWidget *owner, const ZrPoint &global);
+    void rested();
     void hide();
 
     std::unique_ptr<ZrToolTipView> view_;

@@ -79,6 +79,8 @@ void ZrWidget::setParent(ZrObject *newParent)
             setDisabledTree(false);
     }
     ZrObject::setParent(newParent);
+    if (widgetFlags_ & HolesWithin)
+        noteHoles();
     styleChanged();
     if (leavesStack)
         ZrDesktop::setActiveWindow(nullptr);
@@ -118,7 +120,7 @@ bool ZrWidget::testAttribute(int attribute) const
 
 void ZrWidget::setFlag(int flag, bool on)
 {
-    widgetFlags_ = std::uint8_t(on ? widgetFlags_ | flag : widgetFlags_ & ~flag);
+    widgetFlags_ = std::uint16_t(on ? widgetFlags_ | flag : widgetFlags_ & ~flag);
 }
 
 void ZrWidget::setEnabled(bool enabled)

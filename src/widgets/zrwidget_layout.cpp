@@ -124,7 +124,7 @@ void ZrWidget::takeMinimumFromLayout(const ZrSize &needed)
         return;
     }
     // What the layout needs is not what somebody asked for.
-    const std::uint8_t flags = widgetFlags_;
+    const std::uint16_t flags = widgetFlags_;
     setMinimumSize(width, height);
     setFlag(MinimumWidthSet, flags & MinimumWidthSet);
     setFlag(MinimumHeightSet, flags & MinimumHeightSet);

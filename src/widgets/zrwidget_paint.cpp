@@ -201,7 +201,17 @@ void ZrWidget::setHoleRegion(const ZrRegion &region)
         return;
     holeRegion_ = region;
     setFlag(HasHole, !region.isEmpty());
+    if (!region.isEmpty())
+        noteHoles();
     update(changed);
+}
+
+// Each flush asks every window for its holes; few widgets have one. Not taken back: whoever has had
+// a hole is likely to have one again.
+void ZrWidget::noteHoles()
+{
+    for (ZrWidget *widget = this; widget; widget = widget->parentWidget())
+        widget->setFlag(HolesWithin, true);
 }
 
 // The widget's own hole on the screen, cut to the widget and, as its painting is, to its parents.
@@ -219,7 +229,7 @@ ZrRegion ZrWidget::holeOnScreen() const
 
 void ZrWidget::subtractHoles(ZrRegion &area) const
 {
-    if (!isVisible() || area.isEmpty())
+    if (!(widgetFlags_ & HolesWithin) || !isVisible() || area.isEmpty())
         return;
     area -= holeOnScreen();
     forEachChildWidget([&area](ZrWidget &child) { child.subtractHoles(area); });
@@ -227,7 +237,7 @@ void ZrWidget::subtractHoles(ZrRegion &area) const
 
 void ZrWidget::addHoles(ZrRegion &holes) const
 {
-    if (!isVisible())
+    if (!(widgetFlags_ & HolesWithin) || !isVisible())
         return;
     holes += holeOnScreen();
     forEachChildWidget([&holes](ZrWidget &child) { child.addHoles(holes); });
@@ -243,8 +253,10 @@ void ZrWidget::paintTree(const ZrRegion &region)
     paintRegion_ = region;
     ZrPaintEvent painted(region);
     ZrApplication::notify(this, &painted);
-    forEachChildWidget([&region](ZrWidget &child) {
-        if (!child.isVisible())
+    // Of thousands of children, as in a long table, few may be in sight.
+    const ZrRect bounds = region.boundingRect();
+    forEachChildWidget([&region, &bounds](ZrWidget &child) {
+        if (!child.isVisible() || !bounds.intersects(child.geometry_))
             return;
         ZrRegion part = region;
         part &= child.geometry_;

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "e2e/recorder.h"
+#include "link/app_messages.h"
 #include "link/general_records.h"
 
 #include <algorithm>
@@ -282,4 +283,21 @@ TEST(LiveSizes, OtherScreensAndModesAgreeToo)
                                           covered.boundingRect().bottom())));
         EXPECT_EQ(pictures.count, std::min<std::uint32_t>(pictures.cellCount, 16)) << mode;
     }
+}
+
+TEST_F(Live, ASlowAnswerShowsASignUntilItComes)
+{
+    const int x = recorder->screen().width() / 2;
+    const int y = recorder->screen().height() / 2;
+    const auto isSignShown = [&] {
+        // Cells meet in the middle: what stands there is borders, or the sign over them.
+        return recorder->isOpaque(x - 30, y - 5) && recorder->isOpaque(x + 30, y + 5);
+    };
+    ASSERT_FALSE(isSignShown());
+    constexpr std::size_t Late = 2500;
+    recorder->app().addRule(
+        {AppMain::parameters, AppParameter::paramAccess, SimApp::Rule::Action::Late, Late, 1});
+    recorder->app().changeParam(GeneralParams::Kind, [](std::vector<uint8_t> &) {});
+    EXPECT_TRUE(waitUntil(isSignShown)) << recorder->output();
+    EXPECT_TRUE(waitUntil([&] { return !isSignShown(); })) << recorder->output();
 }

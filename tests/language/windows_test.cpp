@@ -4,6 +4,7 @@
 #include "live/layoutmenus.h"
 #include "live/zrvideoscreenlayoutmanager.h"
 #include "support/virtualscreen.h"
+#include "ui/controls/iconbutton.h"
 #include "ui/dialogs/msgbox.h"
 #include "ui/text_ids.h"
 #include "widgets/zrinstallwidgets.h"
@@ -48,8 +49,8 @@ TEST(LanguageOfWindows, IsChangedWhileTheyAreOpen)
     request.buttons = MsgBox::Yes | MsgBox::Cancel;
     MsgBox message(request);
     message.setAttribute(ZrWidget::DeleteOnClose, false);
-    const auto nameOf = [](const LayoutButton *button) {
-        return ZrVideoScreenLayoutManager::instance()->nameOfMode(button->modeId());
+    const auto nameOf = [](const IconButton *button) {
+        return ZrVideoScreenLayoutManager::instance()->nameOfMode(button->action());
     };
     const struct {
         const char *what;

@@ -65,12 +65,15 @@ public:
         screen->settle();
         return control;
     }
-    // To whoever has the focus; false when nobody took it.
+    // To whoever has the focus and then up its parents; false when nobody took it.
     bool key(int code)
     {
         ZrKeyEvent event(ZrEvent::KeyPress, code);
-        if (ZrWidget *focus = ZrDesktop::focusWidget())
-            ZrApplication::notify(focus, &event);
+        for (ZrWidget *widget = ZrDesktop::focusWidget(); widget; widget = widget->parentWidget()) {
+            ZrApplication::notify(widget, &event);
+            if (event.isAccepted())
+                break; // the widget may be gone
+        }
         screen->settle();
         return event.isAccepted();
     }

@@ -47,40 +47,6 @@ TEST_F(RecorderControls, APictureForEachState)
     EXPECT_TRUE(shows("images/crop.png")) << "a state without a picture";
 }
 
-TEST_F(RecorderControls, TipsComeWithRestAndGoWithWork)
-{
-    auto *button = show(new TipButton(window.get()), ZrRect(20, 20, 60, 40));
-    const struct {
-        const char *what;
-        const char *tip;
-        std::function<void()> act;
-        bool shows;
-    } rows[] = {
-        {"no text", "", [&] { screen->pointer(30, 30); }, false},
-        {"away", "Tip", [&] { screen->pointer(500, 300); }, false},
-        {"rest", "Tip", [&] { screen->pointer(30, 30); }, true},
-        {"a press", "Tip", [&] { screen->click(30, 30); }, false},
-        {"the keys come", "Tip",
-         [&] {
-             screen->pointer(500, 300);
-             ZrDesktop::setFocusWidget(nullptr, 0);
-             button->setFocus(Zr::KeyManagerFocus);
-         },
-         true},
-        {"hidden", "Tip", [&] { button->hide(); }, false},
-    };
-    for (const auto &row : rows) {
-        button->setToolTip(ZrString(row.tip));
-        row.act();
-        screen->pass(TipButton::TipDelayMs);
-        EXPECT_EQ(button->isTipVisible(), row.shows) << row.what;
-    }
-    button->show();
-    button->setFocus(Zr::KeyManagerFocus);
-    delete button;
-    screen->pass(TipButton::TipDelayMs); // nothing comes for the dead
-}
-
 TEST_F(RecorderControls, SwitchesAndPressedButtonsStay)
 {
     auto *toggle = show(new BoolButton(window.get()), ZrRect(20, 20, 60, 40));

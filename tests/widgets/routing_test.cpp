@@ -380,5 +380,12 @@ TEST_F(Routing, ToolTipsComeWithRestAndGoWithAction)
     take();
     scene.child.hide();
     EXPECT_EQ(withoutCrossings(take()), "c:hide g:hide untip ");
+    scene.child.show();
+    scene.child.setFocusPolicy(ZrWidget::AnyFocus);
+    scene.child.setFocus(Zr::KeyManagerFocus);
+    play(rest);
+    EXPECT_NE(take().find("tip=child@99"), std::string::npos) << "the keys rest on it";
+    ZrDesktop::setFocusWidget(nullptr, 0);
+    EXPECT_NE(take().find("untip "), std::string::npos);
     ZrDesktop::setToolTipView(nullptr);
 }

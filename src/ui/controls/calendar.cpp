@@ -1,6 +1,7 @@
 #include "ui/controls/calendar.h"
 
-#include "link/startup.h"
+#include "gfx/fillring.h"
+#include "ui/pictures.h"
 #include "ui/scale.h"
 #include "ui/stylefiles.h"
 #include "ui/text_ids.h"
@@ -29,28 +30,12 @@ constexpr float ArrowIcon = 22;
 constexpr float MarkWidth = 16;
 constexpr float TitleInset = 8;
 
-const ZrPixmap &arrowIcon(bool next)
-{
-    static const ZrPixmap icons[] = {
-        ZrPixmap(resolveResourcePath(ZrString("images/page-previous.png"))),
-        ZrPixmap(resolveResourcePath(ZrString("images/page-next.png")))};
-    return icons[next ? 1 : 0];
-}
-
 void drawIcon(ZrPainter &painter, const ZrRect &rect, const ZrPixmap &icon)
 {
     const int side = std::min(fontUnits(ArrowIcon), rect.height());
     painter.drawScaledPixmap(ZrRect(rect.left() + (rect.width() - side) / 2,
                                     rect.top() + (rect.height() - side) / 2, side, side),
                              icon);
-}
-
-void drawRing(ZrPainter &painter, const ZrRect &rect, const ZrColor &color, int w)
-{
-    painter.fillRect(ZrRect(rect.left(), rect.top(), rect.width(), w), color);
-    painter.fillRect(ZrRect(rect.left(), rect.bottom() - w + 1, rect.width(), w), color);
-    painter.fillRect(ZrRect(rect.left(), rect.top() + w, w, rect.height() - 2 * w), color);
-    painter.fillRect(ZrRect(rect.right() - w + 1, rect.top() + w, w, rect.height() - 2 * w), color);
 }
 
 } // namespace
@@ -63,6 +48,8 @@ Calendar::Calendar(ZrWidget *parent) : CWidget(parent)
     walked_ = date_;
 }
 
+// data: style/calendar.ini
+// Calendar/Day/{Fore,Back}ground/{Normal,Hover,Focus,Disabled,Current,Today}
 const Calendar::Look &Calendar::look()
 {
     static const Look look = [] {
@@ -306,8 +293,8 @@ void Calendar::drawTitle(ZrPainter &painter) const
     painter.drawText(
         ZrRect(unitsX(TitleInset), 0, previousRect().left() - unitsX(TitleInset), titleHeight()),
         Zr::AlignLeft | Zr::AlignVCenter, title());
-    drawIcon(painter, previousRect(), arrowIcon(false));
-    drawIcon(painter, nextRect(), arrowIcon(true));
+    drawIcon(painter, previousRect(), picture("images/page-previous.png"));
+    drawIcon(painter, nextRect(), picture("images/page-next.png"));
 }
 
 void Calendar::drawWeekdays(ZrPainter &painter) const
@@ -333,12 +320,12 @@ void Calendar::drawDay(ZrPainter &painter, const ZrDate &day) const
                                              : Normal;
     painter.fillRect(cell, look().dayBackground[state]);
     if (isToday)
-        drawRing(painter, cell, look().todayRing, 1);
+        fillRing(painter, cell, look().todayRing, 1);
     if (isWalked) {
         // On the chosen day's ground, which has the ring's colour, the ring stands apart.
-        drawRing(painter, cell, look().focusRing, look().ring);
+        fillRing(painter, cell, look().focusRing, look().ring);
         if (state == Current)
-            drawRing(painter, cell.adjusted(look().ring, look().ring, -look().ring, -look().ring),
+            fillRing(painter, cell.adjusted(look().ring, look().ring, -look().ring, -look().ring),
                      look().background, look().ring);
     }
     painter.setFont(ZrFont(fontUnits(DayFont)));
@@ -362,30 +349,6 @@ void Calendar::drawMark(ZrPainter &painter, const ZrRect &cell, int dayOfMonth) 
 }
 
 // --- events ---
-
-void Calendar::keyPressEvent(ZrKeyEvent *event)
-{
-    switch (event->key()) {
-    case Zr::Key_Left:
-        event->setAccepted(leftKey());
-        return;
-    case Zr::Key_Right:
-        event->setAccepted(rightKey());
-        return;
-    case Zr::Key_Up:
-        event->setAccepted(upKey());
-        return;
-    case Zr::Key_Down:
-        event->setAccepted(downKey());
-        return;
-    case Zr::Key_Enter:
-        event->accept();
-        clickKey();
-        return;
-    default:
-        return;
-    }
-}
 
 void Calendar::mousePressEvent(ZrMouseEvent *event)
 {

@@ -47,7 +47,6 @@ public:
 
 protected:
     void paintEvent(ZrPaintEvent *event) override;
-    void keyPressEvent(ZrKeyEvent *event) override;
     void mousePressEvent(ZrMouseEvent *event) override;
     void mouseReleaseEvent(ZrMouseEvent *event) override;
     void mouseMoveEvent(ZrMouseEvent *event) override;

@@ -19,4 +19,8 @@ public:
     virtual bool downKey() { return false; }
     // Enter.
     virtual void clickKey() {}
+
+protected:
+    // Tells keys to the operations above.
+    void keyPressEvent(ZrKeyEvent *event) override;
 };

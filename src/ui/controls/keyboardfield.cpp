@@ -1,5 +1,6 @@
 #include "ui/controls/keyboardfield.h"
 
+#include "gfx/fillring.h"
 #include "link/startup.h"
 #include "ui/keyboard/keyboard.h"
 #include "ui/scale.h"
@@ -106,9 +107,5 @@ void KeyboardField::paintEvent(ZrPaintEvent *event)
     if (!error_)
         return;
     const ZrColor color = commonStyleFile().colorValue(ZrString("LineEdit/Border/Error"));
-    const int w = std::max(1, fontUnits(ErrorBorder));
-    painter.fillRect(ZrRect(0, 0, width(), w), color);
-    painter.fillRect(ZrRect(0, height() - w, width(), w), color);
-    painter.fillRect(ZrRect(0, w, w, height() - 2 * w), color);
-    painter.fillRect(ZrRect(width() - w, w, w, height() - 2 * w), color);
+    fillRing(painter, rect(), color, std::max(1, fontUnits(ErrorBorder)));
 }

@@ -195,18 +195,6 @@ void Menu::clickKey()
 
 // --- events ---
 
-void Menu::keyPressEvent(ZrKeyEvent *event)
-{
-    const int key = event->key();
-    event->setAccepted(key == Zr::Key_Up || key == Zr::Key_Down || key == Zr::Key_Enter);
-    if (key == Zr::Key_Enter)
-        clickKey();
-    else if (event->isAccepted())
-        walk(key == Zr::Key_Up ? -1 : 1);
-    else
-        CWidget::keyPressEvent(event); // Escape
-}
-
 void Menu::mousePressEvent(ZrMouseEvent *event)
 {
     CWidget::mousePressEvent(event); // closes for a press outside

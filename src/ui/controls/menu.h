@@ -53,7 +53,6 @@ public:
 
 protected:
     void paintEvent(ZrPaintEvent *event) override;
-    void keyPressEvent(ZrKeyEvent *event) override;
     void mousePressEvent(ZrMouseEvent *event) override;
     void mouseReleaseEvent(ZrMouseEvent *event) override;
     void mouseMoveEvent(ZrMouseEvent *event) override;

@@ -1,5 +1,6 @@
 #include "ui/controls/tabbar.h"
 
+#include "gfx/fillring.h"
 #include "ui/scale.h"
 #include "ui/stylefiles.h"
 #include "widgets/style/buttonlayout.h"
@@ -221,24 +222,6 @@ void TabBar::leaveEvent(ZrEvent *)
     setHovered(-1);
 }
 
-void TabBar::keyPressEvent(ZrKeyEvent *event)
-{
-    switch (event->key()) {
-    case Zr::Key_Left:
-        event->setAccepted(leftKey());
-        return;
-    case Zr::Key_Right:
-        event->setAccepted(rightKey());
-        return;
-    case Zr::Key_Enter:
-        event->accept();
-        clickKey();
-        return;
-    default:
-        CWidget::keyPressEvent(event);
-    }
-}
-
 void TabBar::focusInEvent(ZrFocusEvent *event)
 {
     CWidget::focusInEvent(event);
@@ -295,8 +278,5 @@ void TabBar::paintTab(ZrPainter &painter, int index) const
     if (!ringed)
         return;
     const int ring = std::max(1, fontUnits(float(ringUnits_)));
-    painter.fillRect(ZrRect(place.left(), place.top(), place.width(), ring), ring_);
-    painter.fillRect(ZrRect(place.left(), place.bottom() - ring + 1, place.width(), ring), ring_);
-    painter.fillRect(ZrRect(place.left(), place.top(), ring, place.height()), ring_);
-    painter.fillRect(ZrRect(place.right() - ring + 1, place.top(), ring, place.height()), ring_);
+    fillRing(painter, place, ring_, ring);
 }

@@ -49,7 +49,6 @@ protected:
     void mousePressEvent(ZrMouseEvent *event) override;
     void mouseMoveEvent(ZrMouseEvent *event) override;
     void leaveEvent(ZrEvent *event) override;
-    void keyPressEvent(ZrKeyEvent *event) override;
     void focusInEvent(ZrFocusEvent *event) override;
     void focusOutEvent(ZrFocusEvent *event) override;
     void resizeEvent(ZrResizeEvent *event) override;

@@ -1,6 +1,7 @@
 #include "ui/dialogs/busysign.h"
 
 #include "core/linkevents.h"
+#include "gfx/fillring.h"
 #include "link/app_messages.h"
 #include "ui/dialogs/windowblocker.h"
 #include "ui/scale.h"
@@ -59,10 +60,7 @@ protected:
             painter.fillRect(ZrRect(unitsX(Inset) + i * (side + unitsX(DotGap)),
                                     (height() - side) / 2, side, side),
                              line_);
-        painter.fillRect(ZrRect(0, 0, width(), 1), line_);
-        painter.fillRect(ZrRect(0, height() - 1, width(), 1), line_);
-        painter.fillRect(ZrRect(0, 0, 1, height()), line_);
-        painter.fillRect(ZrRect(width() - 1, 0, 1, height()), line_);
+        fillRing(painter, rect(), line_, 1);
     }
 
 private:

@@ -1,5 +1,6 @@
 #include "ui/dialogs/dialogframe.h"
 
+#include "gfx/fillring.h"
 #include "link/startup.h"
 #include "ui/controls/primarybutton.h"
 #include "ui/scale.h"
@@ -170,9 +171,5 @@ void DialogFrame::paintEvent(ZrPaintEvent *)
                                 bar.width() - 2 * unitsX(TitleInset), bar.height()),
                          Zr::AlignLeft | Zr::AlignVCenter, title_);
     }
-    const int w = border();
-    painter.fillRect(ZrRect(0, 0, width(), w), borderColor_);
-    painter.fillRect(ZrRect(0, height() - w, width(), w), borderColor_);
-    painter.fillRect(ZrRect(0, w, w, height() - 2 * w), borderColor_);
-    painter.fillRect(ZrRect(width() - w, w, w, height() - 2 * w), borderColor_);
+    fillRing(painter, rect(), borderColor_, border());
 }

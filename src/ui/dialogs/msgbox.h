@@ -39,6 +39,9 @@ public:
     ZrPushButton *button(Button button) const;
     int secondsLeft() const { return secondsLeft_; }
 
+    // Escape answers like the choice that does nothing. A message without buttons and time limit is
+    // the caller's to end.
+    bool cancelPressed() override { return !choices_.isEmpty() || secondsLeft_ > 0; }
     void layoutForScale() override;
     ZrSize preferredSize() const override;
 

@@ -8,6 +8,7 @@
 #include <zrapplication>
 #include <zrlistwidget>
 #include <zrscrollbar>
+#include <zrtablewidget>
 
 namespace
 {
@@ -192,7 +193,19 @@ bool KeyNavigation::offerArrow(Direction direction)
         return false;
     if (auto *composite = dynamic_cast<CWidget *>(focus_.get()))
         return offerToComposite(composite, direction);
+    if (auto *table = dynamic_cast<ZrTableWidget *>(focus_.get()))
+        return offerToTable(table, keyOf(direction));
     return send(focus_.get(), keyOf(direction));
+}
+
+// A table takes every arrow; one that moves nothing there leads out of it.
+bool KeyNavigation::offerToTable(ZrTableWidget *table, int key)
+{
+    const int row = table->currentRow();
+    const int column = table->currentColumn();
+    const ZrGuard<ZrTableWidget> guard(table);
+    const bool taken = send(table, key);
+    return taken && (!guard || table->currentRow() != row || table->currentColumn() != column);
 }
 
 // What lies beyond the visible part of a scroll area cannot be found until it has been scrolled to.

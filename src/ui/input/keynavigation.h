@@ -12,6 +12,8 @@
 #include <zrguard>
 #include <zrwidget>
 
+class ZrTableWidget;
+
 class KeyNavigation
 {
 public:
@@ -37,6 +39,7 @@ private:
     bool tryFocusAt(const ZrPoint &inWindow, Side side = Side::Any);
     ZrWidget *takerAt(const ZrPoint &inWindow) const;
     bool offerArrow(Direction direction);
+    static bool offerToTable(ZrTableWidget *table, int key);
     bool scrollTowards(Direction direction);
     ZrRect bounds() const;
     bool searchAlong(const ZrRect &bounds, const ZrRect &focus, int step);

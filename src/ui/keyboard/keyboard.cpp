@@ -323,37 +323,24 @@ void Keyboard::paintEvent(ZrPaintEvent *event)
 
 void Keyboard::keyPressEvent(ZrKeyEvent *event)
 {
-    event->accept();
-    switch (event->key()) {
-    case Zr::Key_Escape:
+    if (event->key() == Zr::Key_Escape)
         close();
-        return;
-    case Zr::Key_Backspace:
+    else if (event->key() == Zr::Key_Backspace)
         erase();
-        return;
-    case Zr::Key_Enter:
-        clickKey();
-        return;
-    case Zr::Key_Left:
-        leftKey();
-        return;
-    case Zr::Key_Right:
-        rightKey();
-        return;
-    case Zr::Key_Up:
-        upKey();
-        return;
-    case Zr::Key_Down:
-        downKey();
-        return;
-    default:
-        if (event->text().isEmpty())
-            return;
-        const ZrGuard<Keyboard> self(this);
-        typed(event->text());
-        if (self)
-            goToDone();
-    }
+    else if (event->text().isEmpty())
+        CWidget::keyPressEvent(event);
+    else
+        typedOnKeyboard(event->text());
+    event->accept();
+}
+
+// Enter then ends the entry.
+void Keyboard::typedOnKeyboard(const ZrString &text)
+{
+    const ZrGuard<Keyboard> self(this);
+    typed(text);
+    if (self)
+        goToDone();
 }
 
 void Keyboard::mousePressEvent(ZrMouseEvent *event)

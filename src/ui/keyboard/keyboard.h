@@ -75,6 +75,7 @@ private:
     void updateKey(const Place &place);
     void setPlace(Place &which, const Place &place);
     void walk(int rows, int columns);
+    void typedOnKeyboard(const ZrString &text);
     void goToDone();
     int nearestColumn(int row, int x) const;
     void placeBesideTarget();

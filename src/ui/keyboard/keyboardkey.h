@@ -22,7 +22,7 @@ struct KeyboardKey {
     Action action = Type;
     ZrString text;              // what is typed
     ZrString caption;           // empty: the text
-    const char *icon = nullptr; // a picture's name instead, without folder and ending
+    const char *icon = nullptr; // the path of a picture instead
     float columns = 1;          // its width
     int value = 0;
     bool on = false; // drawn as switched on

@@ -1,12 +1,10 @@
 #include "ui/keyboard/keyboardlook.h"
 
-#include "link/startup.h"
+#include "ui/pictures.h"
 #include "ui/scale.h"
 #include "ui/stylefiles.h"
 
 #include <algorithm>
-#include <map>
-#include <string>
 #include <zrfontmetrics>
 #include <zrpixmap>
 
@@ -41,16 +39,6 @@ bool isMark(ZrUcs2 unit)
     });
 }
 
-const ZrPixmap &picture(const char *name)
-{
-    static std::map<std::string, ZrPixmap> pictures;
-    const auto found = pictures.find(name);
-    if (found != pictures.end())
-        return found->second;
-    const ZrString path = ZrString("images/") + ZrString(name) + ZrString(".png");
-    return pictures.emplace(name, ZrPixmap(resolveResourcePath(path))).first->second;
-}
-
 ZrString shownCaption(const KeyboardKey &key)
 {
     if (!key.caption.isEmpty())
@@ -78,6 +66,7 @@ KeyboardRow typingRow(const ZrString &captions)
     return row;
 }
 
+// data: style/keyboard.ini Keyboard/Key/{Fore,Back}ground/{Normal,Hover,Focus,On}
 KeyboardLook::KeyboardLook()
 {
     const ZrIniFile &file = styleFile("style/keyboard.ini");

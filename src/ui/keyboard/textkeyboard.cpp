@@ -143,10 +143,11 @@ void TextKeyboard::frameLastRow(KeyboardRow &row) const
 {
     const float side = std::clamp((columns() - float(row.size())) / 2, 1.0f, SideKeys);
     KeyboardKey shift =
-        iconKey(KeyboardKey::Shift, shift_ == Off ? "keyboard-shift" : "keyboard-shift-on", side);
+        iconKey(KeyboardKey::Shift,
+                shift_ == Off ? "images/keyboard-shift.png" : "images/keyboard-shift-on.png", side);
     shift.on = shift_ == Locked;
     row.insert(row.begin(), shift);
-    row.push_back(iconKey(KeyboardKey::Erase, "keyboard-backspace", side));
+    row.push_back(iconKey(KeyboardKey::Erase, "images/keyboard-backspace.png", side));
 }
 
 KeyboardRow TextKeyboard::bottomRow() const
@@ -158,7 +159,7 @@ KeyboardRow TextKeyboard::bottomRow() const
     KeyboardRow row;
     row.push_back(wordKey(KeyboardKey::Page, tr(letters ? Text::KeySymbols : Text::KeyLetters),
                           letters ? Symbols : Letters, WideKey));
-    KeyboardKey language = iconKey(KeyboardKey::Page, "keyboard-language");
+    KeyboardKey language = iconKey(KeyboardKey::Page, "images/keyboard-language.png");
     language.value = Languages;
     row.push_back(language);
     row.push_back(typingKey(ZrString(isChinese ? "，" : ",")));
@@ -166,9 +167,9 @@ KeyboardRow TextKeyboard::bottomRow() const
     space.text = ZrString(" ");
     row.push_back(space);
     row.push_back(typingKey(ZrString(isChinese ? "。" : ".")));
-    row.push_back(iconKey(KeyboardKey::Left, "keyboard-left"));
-    row.push_back(iconKey(KeyboardKey::Right, "keyboard-right"));
-    row.push_back(iconKey(KeyboardKey::Done, "keyboard-enter", WideKey));
+    row.push_back(iconKey(KeyboardKey::Left, "images/keyboard-left.png"));
+    row.push_back(iconKey(KeyboardKey::Right, "images/keyboard-right.png"));
+    row.push_back(iconKey(KeyboardKey::Done, "images/keyboard-enter.png", WideKey));
     return row;
 }
 
@@ -217,8 +218,8 @@ KeyboardRow TextKeyboard::candidateRow() const
     for (const KeyboardKey &key : row)
         used += key.columns;
     row.back().columns += std::max(0.0f, columns() - used);
-    row.insert(row.begin(), iconKey(KeyboardKey::Earlier, "keyboard-left"));
-    row.push_back(iconKey(KeyboardKey::Later, "keyboard-right"));
+    row.insert(row.begin(), iconKey(KeyboardKey::Earlier, "images/keyboard-left.png"));
+    row.push_back(iconKey(KeyboardKey::Later, "images/keyboard-right.png"));
     return row;
 }
 

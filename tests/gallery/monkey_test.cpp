@@ -237,6 +237,10 @@ protected:
         while (!monkey.isDone())
             screen->application().processEvents();
         screen->settle();
+        while (ZrDesktop::activePopup()) {
+            navigation.key(Zr::Key_Escape);
+            screen->settle();
+        }
         EXPECT_GT(monkey.compared(), 0);
         EXPECT_TRUE(gallery->isVisible());
         EXPECT_EQ(ZrDesktop::activeWindow(), gallery.get());

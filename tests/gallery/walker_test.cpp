@@ -15,6 +15,7 @@
 #include <zrlineedit>
 #include <zrslider>
 #include <zrspinbox>
+#include <zrtablewidget>
 #include <zrtextedit>
 
 namespace
@@ -33,7 +34,9 @@ void collect(ZrWidget *widget, std::set<ZrWidget *> &controls)
             continue;
         if (part->focusPolicy() != ZrWidget::NoFocus)
             controls.insert(part);
-        collect(part, controls);
+        // A table's cells are walked by the table.
+        if (!part->inherits("ZrTableWidget"))
+            collect(part, controls);
     }
 }
 
@@ -90,6 +93,8 @@ protected:
         return control->value() != before && !navigation.isEditing();
     }
     bool clicks(ZrAbstractButton *button);
+    bool goToCell(ZrTableWidget *table, int row, int column);
+    bool worksCells(ZrTableWidget *table);
     // Does what the control is for; false when it did not do it.
     bool operate(ZrWidget *widget);
 
@@ -145,8 +150,46 @@ bool Walker::clicks(ZrAbstractButton *button)
     return log.take() == "c";
 }
 
+bool Walker::goToCell(ZrTableWidget *table, int row, int column)
+{
+    constexpr int MostSteps = 20;
+    const auto step = [&](int now, int wanted, Direction back, Direction on) {
+        if (now != wanted)
+            navigation.arrow(now > wanted ? back : on);
+    };
+    for (int i = 0; i < MostSteps; ++i) {
+        step(table->currentRow(), row, Direction::Up, Direction::Down);
+        step(table->currentColumn(), column, Direction::Left, Direction::Right);
+        screen->settle();
+    }
+    return table->currentRow() == row && table->currentColumn() == column;
+}
+
+// What stands in the cells of the first rows, or the cells themselves.
+bool Walker::worksCells(ZrTableWidget *table)
+{
+    constexpr int Rows = 5;
+    for (int row = 0; row < std::min(Rows, table->rowCount()); ++row)
+        for (int column = 0; column < table->columnCount(); ++column) {
+            if (table->cellRect(row, column).isEmpty())
+                continue;
+            ZrWidget *widget = table->cellWidget(row, column);
+            const bool isWorked =
+                goToCell(table, row, column) &&
+                (widget && widget->isEnabled() ? operate(widget)
+                                               : emitsOnEnter<'a'>(table, &table->cellActivated));
+            EXPECT_TRUE(isWorked) << "cell " << row << "," << column;
+            EXPECT_EQ(ZrDesktop::focusWidget(), table) << "cell " << row << "," << column;
+            if (!isWorked)
+                return false;
+        }
+    return true;
+}
+
 bool Walker::operate(ZrWidget *widget)
 {
+    if (auto *table = dynamic_cast<ZrTableWidget *>(widget))
+        return worksCells(table);
     if (auto *button = dynamic_cast<ZrAbstractButton *>(widget))
         return clicks(button);
     if (auto *slider = dynamic_cast<ZrAbstractSlider *>(widget))

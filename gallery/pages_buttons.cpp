@@ -8,6 +8,7 @@
 #include "ui/controls/pressedbutton.h"
 #include "ui/controls/primarybutton.h"
 #include "ui/controls/toolbutton.h"
+#include "ui/scale.h"
 #include "ui/text_ids.h"
 
 #include <zrbuttongroup>
@@ -67,7 +68,7 @@ void fillButtons(GalleryPage &page)
     for (const PoseRow &row : Poses) {
         auto *button = page.add(new ZrPushButton(tr(row.text)), ButtonWidth, row.pose);
         button->setIcon(image("search.png"));
-        button->setIconSize(ZrSize(20, 20));
+        button->setIconSize(ZrSize(fontUnits(20), fontUnits(20)));
     }
     page.beginRow(Text::More);
     for (const PoseRow &row : Poses)

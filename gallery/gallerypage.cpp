@@ -52,6 +52,14 @@ void GalleryPage::place(ZrWidget *control, float width, Pose pose)
         posed_.append({control, pose});
 }
 
+ZrWidget *GalleryPage::named(const char *name) const
+{
+    for (ZrObject *child : children())
+        if (child->isWidgetType() && child->objectName() == ZrString(name))
+            return static_cast<ZrWidget *>(child);
+    return nullptr;
+}
+
 void GalleryPage::strikePoses()
 {
     for (const Posed &posed : posed_) {

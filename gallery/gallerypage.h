@@ -25,6 +25,15 @@ public:
         place(control, width, pose);
         return control;
     }
+    // The same with an object name, by which others find it.
+    template <typename Control>
+    Control *add(Control *control, float width, const char *name)
+    {
+        control->setObjectName(ZrString(name));
+        return add(control, width);
+    }
+    // Null when there is none.
+    ZrWidget *named(const char *name) const;
     void addGap(float units) { nextX_ += units; }
     // How high the page has become.
     float contentHeight() const { return nextY_ + rowHeight_; }

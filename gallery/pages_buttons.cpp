@@ -1,8 +1,14 @@
-// Buttons, check boxes, radio buttons, sliders.
+// Buttons, check boxes, radio buttons, switches, sliders.
 #include "pages.h"
 
 #include "link/startup.h"
+#include "ui/controls/boolbutton.h"
+#include "ui/controls/daysselector.h"
+#include "ui/controls/flatbutton.h"
+#include "ui/controls/pressedbutton.h"
 #include "ui/controls/primarybutton.h"
+#include "ui/controls/toolbutton.h"
+#include "ui/scale.h"
 #include "ui/text_ids.h"
 
 #include <zrbuttongroup>
@@ -20,6 +26,9 @@ namespace
 
 constexpr float ButtonWidth = 150;
 constexpr float ChoiceWidth = 170;
+
+constexpr StatePictures Crop = {"images/crop.png", "images/crop-hover.png",
+                                "images/crop-disabled.png", "images/crop-on.png"};
 
 struct PoseRow {
     Pose pose;
@@ -59,8 +68,30 @@ void fillButtons(GalleryPage &page)
     for (const PoseRow &row : Poses) {
         auto *button = page.add(new ZrPushButton(tr(row.text)), ButtonWidth, row.pose);
         button->setIcon(image("search.png"));
-        button->setIconSize(ZrSize(20, 20));
+        button->setIconSize(ZrSize(fontUnits(20), fontUnits(20)));
     }
+    page.beginRow(Text::More);
+    for (const PoseRow &row : Poses)
+        makeFlat(page.add(new ZrPushButton(tr(row.text)), ButtonWidth, row.pose));
+    page.beginRow(Text::GalleryPressed);
+    for (const PoseRow &row : Poses)
+        page.add(new PressedButton(tr(row.text)), ButtonWidth, row.pose)->setChecked(true);
+    page.beginRow(Text::GalleryTip);
+    for (const PoseRow &row : Poses) {
+        auto *button = page.add(new TipButton, ButtonWidth, row.pose);
+        button->setText(tr(row.text));
+        button->setToolTip(tr(Text::GalleryTip));
+    }
+    page.beginRow(Text::GalleryPictureButton, IconButton::SideUnits);
+    for (const PoseRow &row : Poses)
+        page.add(new IconButton(Crop), IconButton::SideUnits, row.pose);
+    page.beginRow(Text::GalleryPictureButton, ToolButton::SideUnits);
+    for (const bool checked : {false, true})
+        for (const PoseRow &row : Poses) {
+            auto *button = page.add(new ToolButton(Crop), ToolButton::SideUnits, row.pose);
+            button->setCheckable(true);
+            button->setChecked(checked);
+        }
 }
 
 void fillChoices(GalleryPage &page)
@@ -78,14 +109,20 @@ void fillChoices(GalleryPage &page)
             radio->setChecked(checked);
         }
     }
-    page.beginRow(Text::GalleryChoices, 32);
+    page.beginRow(Text::GallerySwitchedOn, 32);
+    for (const bool checked : {false, true})
+        for (const PoseRow &row : Poses)
+            page.add(new BoolButton, 64, row.pose)->setChecked(checked);
+    page.beginRow(Text::DaysOfWeek, 36);
+    page.add(new DaysSelector, 560)->setDays(DaysSelector::AllDays & ~(1 << 6));
+    page.beginRow(Text::ChooseSource, 32);
     auto *group = new ZrButtonGroup(&page);
     for (int i = 1; i <= 3; ++i) {
         auto *radio = page.add(new ZrRadioButton(tr(Text::GalleryChoice).arg(i)), ChoiceWidth);
         group->addButton(radio);
         radio->setChecked(i == 2);
     }
-    page.beginRow(Text::GalleryChoices, 110);
+    page.beginRow(Text::GallerySwitchedOn, 110);
     auto *box = page.add(new ZrGroupBox(tr(Text::GallerySwitchedOn)), 360);
     box->setCheckable(true);
     box->setChecked(true);

@@ -2,6 +2,7 @@
 #include "pages.h"
 
 #include "samples.h"
+#include "ui/controls/legendlabel.h"
 #include "ui/scale.h"
 #include "ui/text_ids.h"
 
@@ -22,6 +23,11 @@ void fillLabels(GalleryPage &page)
     paragraph->setAlignment(Zr::AlignLeft | Zr::AlignTop);
     page.beginRow(Text::GalleryLabels);
     page.add(new ZrLabel(tr(Text::GalleryLongText)), 300)->setElided(true);
+    page.beginRow(Text::GalleryLabels);
+    const ZrColor colors[] = {ZrColor(56, 160, 248), ZrColor(0, 176, 72), ZrColor(248, 184, 48)};
+    int number = 0;
+    for (const ZrColor &color : colors)
+        page.add(new LegendLabel(color, tr(Text::GalleryEntryNumber).arg(++number)), 160);
     page.beginRow(Text::GalleryTip);
     page.add(new ZrPushButton(tr(Text::GalleryTip)), 200)->setToolTip(tr(Text::GalleryTip));
 }
@@ -33,4 +39,6 @@ void fillDialogs(GalleryPage &page)
         auto *button = page.add(new SampleButton(Samples[i]), 300);
         button->setText(tr(Samples[i].title));
     }
+    page.beginRow(Text::GalleryShowSlow);
+    page.add(new SlowButton, 300)->setText(tr(Text::GalleryShowSlow));
 }

@@ -3,9 +3,12 @@
 #include "gallerywindow.h"
 #include "pages.h"
 #include "platform/framebufferdoor.h"
+#include "popups.h"
 #include "samples.h"
 #include "ui/commonstyle.h"
+#include "ui/dialogs/busysign.h"
 #include "ui/scale.h"
+#include "ui/text_ids.h"
 #include "virtualboard.h"
 #include "workbench/board/pngfile.h"
 
@@ -35,10 +38,25 @@ struct Shot {
 bool takeDialogs(const Shot &shot)
 {
     for (int i = 0; i < SampleCount; ++i) {
-        const std::unique_ptr<DialogFrame> dialog(Samples[i].make());
+        const std::unique_ptr<ZrDialog> dialog(Samples[i].make());
         dialog->show();
         if (!shot.take(std::string("dialog-") + Samples[i].name))
             return false;
+    }
+    showBusySign(tr(Text::PleaseWaitFor).arg(tr(Text::SearchingRecordings)));
+    const bool taken = shot.take("dialog-slow");
+    hideBusySign();
+    return taken;
+}
+
+bool takePopups(const Shot &shot, const GalleryPage &page, const std::string &name)
+{
+    for (int i = 0; i < PopupCount; ++i) {
+        if (name != Popups[i].page)
+            continue;
+        if (!openPopup(page, Popups[i]) || !shot.take(Popups[i].name))
+            return false;
+        closePopup();
     }
     return true;
 }
@@ -52,7 +70,7 @@ bool takePages(const Shot &shot, const std::string &onlyPage)
         if (!onlyPage.empty() && onlyPage != Pages[i].name)
             continue;
         window.showPage(i);
-        if (!shot.take(Pages[i].name))
+        if (!shot.take(Pages[i].name) || !takePopups(shot, *window.page(), Pages[i].name))
             return false;
         if (Pages[i].fill == fillDialogs && !takeDialogs(shot))
             return false;
@@ -67,8 +85,7 @@ std::string shortName(const ZrString &file)
     return name.substr(5, name.size() - 9);
 }
 
-bool takeLanguages(const std::string &folder, const std::string &onlyPage,
-                   const VirtualBoard &board)
+bool takeLanguages(const std::string &folder, const ShotChoice &choice, const VirtualBoard &board)
 {
     ZrList<ZrString> files;
     ZrTranslation::languageFiles(&files);
@@ -76,10 +93,12 @@ bool takeLanguages(const std::string &folder, const std::string &onlyPage,
     std::uint32_t high = 0;
     ZrTranslation::availableLanguages(&low, &high);
     for (int number = 0; number < files.size(); ++number) {
-        if (!(number < 32 ? low >> number & 1 : high >> (number - 32) & 1))
+        const bool hasFile = number < 32 ? low >> number & 1 : high >> (number - 32) & 1;
+        const std::string language = shortName(files.at(number));
+        if (!hasFile || (!choice.language.empty() && choice.language != language))
             continue;
         ZrTranslation::instance()->setLanguage(std::uint32_t(number));
-        if (!takePages({folder, shortName(files.at(number)), board}, onlyPage))
+        if (!takePages({folder, language, board}, choice.page))
             return false;
     }
     return true;
@@ -87,7 +106,7 @@ bool takeLanguages(const std::string &folder, const std::string &onlyPage,
 
 } // namespace
 
-bool takeShots(const std::string &folder, const std::string &onlyPage)
+bool takeShots(const std::string &folder, const ShotChoice &choice)
 {
     std::error_code failure;
     std::filesystem::create_directories(folder, failure);
@@ -100,7 +119,7 @@ bool takeShots(const std::string &folder, const std::string &onlyPage)
         application.reopenDisplay();
         setScreenScale(size.width(), size.height());
         loadCommonStyle();
-        if (!takeLanguages(folder, onlyPage, board))
+        if (!takeLanguages(folder, choice, board))
             return false;
     }
     return true;

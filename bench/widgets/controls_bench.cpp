@@ -146,10 +146,8 @@ void buttonPixels(benchmark::State &state)
 BENCHMARK(buttonPixels)->Unit(benchmark::kMicrosecond);
 
 [[maybe_unused]] const bool aims[] = {
-    zrbench::atMost("open a combo box of 64 / 2 ms", "comboOpen/first",
-                    "twoMilliseconds", 1.0),
-    zrbench::atMost("open it again / 2 ms", "comboOpen/again",
-                    "twoMilliseconds", 0.5),
+    zrbench::atMost("open a combo box of 64 / 2 ms", "comboOpen/first", "twoMilliseconds", 1.0),
+    zrbench::atMost("open it again / 2 ms", "comboOpen/again", "twoMilliseconds", 0.5),
     zrbench::atMost("hover a button / its pixels alone", "buttonHover/1", "buttonPixels", 12),
     zrbench::atMost("hover one button of 200 / of 1", "buttonHover/200", "buttonHover/1", 1.3),
     zrbench::atMost("hover a row of 10,000 / of 20", "listHover/10000", "listHover/20", 1.2),

@@ -193,6 +193,30 @@ TEST_F(Fields, OpenTheirKeyboardAndCommitByItsEnter)
     EXPECT_FALSE(keyboard());
 }
 
+TEST_F(Fields, EnterEndsWhatARealKeyboardTyped)
+{
+    Counter counter;
+    auto *edit = show(new LineEdit(window.get()), Where);
+    ZrObject::connect(edit, &edit->committed, &counter, zrSlot<&Counter::add>);
+    navigation.text(ZrString("ab"));
+    navigation.enter();
+    EXPECT_EQ(counter.count, 1);
+    EXPECT_FALSE(keyboard());
+    navigation.enter();
+    ASSERT_TRUE(keyboard()) << "nothing was typed since";
+    navigation.text(ZrString("c"));
+    navigation.enter();
+    EXPECT_EQ(utf8(edit->text()), "abc") << "the key that the arrows stood on is not meant";
+    EXPECT_EQ(counter.count, 2);
+    EXPECT_FALSE(keyboard());
+    auto *ip = show(new ZrIpEdit(window.get()), Where);
+    ZrObject::connect(ip, &ip->committed, &counter, zrSlot<&Counter::add>);
+    navigation.text(ZrString("7"));
+    navigation.enter();
+    EXPECT_EQ(counter.count, 3);
+    EXPECT_FALSE(keyboard());
+}
+
 TEST_F(Fields, TheKeyboardGoesWithItsField)
 {
     const struct {

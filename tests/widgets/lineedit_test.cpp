@@ -240,6 +240,10 @@ TEST_F(LineEdit, APasswordShowsItsLastCharacterBriefly)
     EXPECT_EQ(utf8(field->shownText()), "•••");
     field->setText(ZrString("secret"));
     EXPECT_EQ(utf8(field->shownText()), "••••••");
+    field->setMaxLength(4);
+    EXPECT_EQ(utf8(field->text()), "secr");
+    field->setMaxLength(0);
+    field->setText(ZrString("secret"));
     // Leaving the field hides what shows.
     type("!");
     show(new Field(window.get()), ZrRect(20, 80, 200, 36));

@@ -54,10 +54,25 @@ void KeyboardField::openKeyboard()
 void KeyboardField::commit()
 {
     // With the keyboard open this is its Enter.
-    if (isServed())
+    const bool ends = isServed() || typedHere_;
+    typedHere_ = false;
+    if (ends)
         ZrLineEdit::commit();
     else
         openKeyboard();
+}
+
+void KeyboardField::keyPressEvent(ZrKeyEvent *event)
+{
+    if (!isReadOnly() && !event->text().isEmpty())
+        noteTyped();
+    ZrLineEdit::keyPressEvent(event);
+}
+
+void KeyboardField::focusOutEvent(ZrFocusEvent *event)
+{
+    typedHere_ = false;
+    ZrLineEdit::focusOutEvent(event);
 }
 
 void KeyboardField::clicked()

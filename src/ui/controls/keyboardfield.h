@@ -1,5 +1,6 @@
 // The base of the recorder's fields: Enter and a click open a keyboard on the screen, whose Enter
-// then ends the entry.
+// then ends the entry. So does Enter after text that came straight from a real keyboard or from the
+// digits of a remote.
 #pragma once
 
 #include <zrlineedit>
@@ -21,14 +22,19 @@ public:
 protected:
     // A new keyboard for this field; it deletes itself.
     virtual Keyboard *makeKeyboard() = 0;
+    // For fields that take keys themselves: tells of one that carries text.
+    void noteTyped() { typedHere_ = !isServed(); }
     void commit() override;
     void clicked() override;
     int trailingRoom() const override;
     void paintEvent(ZrPaintEvent *event) override;
+    void keyPressEvent(ZrKeyEvent *event) override;
+    void focusOutEvent(ZrFocusEvent *event) override;
     void hideEvent(ZrHideEvent *event) override;
 
 private:
     void openKeyboard();
 
     bool error_ = false;
+    bool typedHere_ = false; // since the field got the focus, without the keyboard on the screen
 };

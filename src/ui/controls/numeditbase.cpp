@@ -131,6 +131,7 @@ void NumEditBase::keyPressEvent(ZrKeyEvent *event)
     if (event->text().isEmpty())
         return;
     event->accept();
+    noteTyped();
     const ZrString text = event->text();
     const ZrGuard<NumEditBase> self(this);
     for (int i = 0; i < text.size() && self; ++i)

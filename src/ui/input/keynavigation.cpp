@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <zrabstractscrollarea>
 #include <zrapplication>
+#include <zrlistwidget>
 #include <zrscrollbar>
 #include <zrtablewidget>
 
@@ -162,11 +163,17 @@ ZrWidget *KeyNavigation::takerAt(const ZrPoint &point) const
     return nullptr;
 }
 
-bool KeyNavigation::tryFocusAt(const ZrPoint &point)
+bool KeyNavigation::tryFocusAt(const ZrPoint &point, Side side)
 {
     ZrWidget *widget = takerAt(point);
     if (!widget || widget == focus_.get() || !widget->isVisible() || !widget->isEnabled())
         return false;
+    if (side != Side::Any) {
+        const int middle = focusPlace().center().y();
+        const ZrRect place = inWindow(widget);
+        if (side == Side::Above ? place.bottom() >= middle : place.top() <= middle)
+            return false;
+    }
     const ZrGuard<ZrWidget> guard(widget);
     widget->setFocus(Zr::KeyManagerFocus);
     if (!guard || !widget->hasFocus())
@@ -227,20 +234,22 @@ bool KeyNavigation::scrollTowards(Direction direction)
 bool KeyNavigation::moveFocus(Direction direction)
 {
     const ZrRect area = bounds();
-    const ZrRect from = inWindow(focus_.get());
+    const ZrRect from = focusPlace();
     bool found = false;
     switch (direction) {
     case Direction::Right:
-        found = searchAlong(area, from, Step);
+        found = searchAlong(area, from, Step) || searchBesideAbove(area, from, Step);
         break;
     case Direction::Left:
-        found = searchAlong(area, from, -Step);
+        found = searchAlong(area, from, -Step) || searchBesideAbove(area, from, -Step);
         break;
     case Direction::Down:
-        found = searchAcross(area, from, Step);
+        found = searchAcross(area, from, Step, Side::Below) ||
+                searchAcross(area, from, Step, Side::Any);
         break;
     case Direction::Up:
-        found = searchAcross(area, from, -Step);
+        found = searchAcross(area, from, -Step, Side::Above) ||
+                searchAcross(area, from, -Step, Side::Any);
         break;
     }
     if (found)
@@ -277,21 +286,44 @@ bool KeyNavigation::searchAlong(const ZrRect &area, const ZrRect &from, int step
     return false;
 }
 
+// Nothing beside or below: what stands beside, in the rows above, from the nearest one on.
+bool KeyNavigation::searchBesideAbove(const ZrRect &area, const ZrRect &from, int step)
+{
+    const int begin = step > 0 ? from.right() + BesideRight : from.left() - BesideLeft;
+    for (int y = from.center().y() - Step; y >= area.top(); y -= Step)
+        for (int x = begin; x >= area.left() && x <= area.right(); x += step)
+            if (tryFocusAt(ZrPoint(x, y)))
+                return true;
+    return false;
+}
+
 // Row by row, in each row widening from the middle of the focus.
-bool KeyNavigation::searchAcross(const ZrRect &area, const ZrRect &from, int step)
+bool KeyNavigation::searchAcross(const ZrRect &area, const ZrRect &from, int step, Side side)
 {
     const int middle = from.center().x();
     int y = step > 0 ? from.bottom() + Edge : from.top() - Edge;
     for (; y >= area.top() && y <= area.bottom(); y += step) {
         for (int away = 0; middle - away >= area.left() || middle + away <= area.right();
              away += Step) {
-            if (middle + away <= area.right() && tryFocusAt(ZrPoint(middle + away, y)))
+            if (middle + away <= area.right() && tryFocusAt(ZrPoint(middle + away, y), side))
                 return true;
-            if (middle - away >= area.left() && tryFocusAt(ZrPoint(middle - away, y)))
+            if (middle - away >= area.left() && tryFocusAt(ZrPoint(middle - away, y), side))
                 return true;
         }
     }
     return false;
+}
+
+// Of a list, the row that has the ring.
+ZrRect KeyNavigation::focusPlace() const
+{
+    const ZrRect whole = inWindow(focus_.get());
+    const auto *list = dynamic_cast<const ZrListWidget *>(focus_.get());
+    if (!list || list->currentRow() < 0)
+        return whole;
+    const ZrRect row = list->rowRect(list->currentRow()).translated(0, whole.top()) & whole;
+    return row.isEmpty() ? whole
+                         : ZrRect::fromEdges(whole.left(), row.top(), whole.right(), row.bottom());
 }
 
 ZrRect KeyNavigation::inWindow(const ZrWidget *widget) const

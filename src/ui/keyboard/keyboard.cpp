@@ -288,6 +288,14 @@ void Keyboard::walk(int rows, int columns)
     updateKey({row_, column_});
 }
 
+void Keyboard::goToDone()
+{
+    for (int row = 0; row < int(rows_.size()); ++row)
+        for (int column = 0; column < int(rows_[std::size_t(row)].size()); ++column)
+            if (rows_[std::size_t(row)][std::size_t(column)].action == KeyboardKey::Done)
+                setCurrent(row, column);
+}
+
 // --- painting ---
 
 KeyboardLook::State Keyboard::stateOf(const Place &place) const
@@ -322,8 +330,17 @@ void Keyboard::keyPressEvent(ZrKeyEvent *event)
     else if (event->text().isEmpty())
         CWidget::keyPressEvent(event);
     else
-        typed(event->text());
+        typedOnKeyboard(event->text());
     event->accept();
+}
+
+// Enter then ends the entry.
+void Keyboard::typedOnKeyboard(const ZrString &text)
+{
+    const ZrGuard<Keyboard> self(this);
+    typed(text);
+    if (self)
+        goToDone();
 }
 
 void Keyboard::mousePressEvent(ZrMouseEvent *event)

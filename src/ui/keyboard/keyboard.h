@@ -1,6 +1,7 @@
 // An on-screen keyboard: a popup that works for one widget and sends it what is typed as key
 // events. Pointer: press a key. Arrows walk over the keys, Enter presses, Backspace deletes, Escape
-// closes; text of a real keyboard passes through.
+// closes. Text of a real keyboard, or the digits of a remote, passes through, and puts the ring on
+// the key that ends the entry: Enter there ends it.
 //
 // It deletes itself when it is closed, and closes when its widget goes. Nothing that is typed is
 // kept. Widget thread only.
@@ -74,6 +75,8 @@ private:
     void updateKey(const Place &place);
     void setPlace(Place &which, const Place &place);
     void walk(int rows, int columns);
+    void typedOnKeyboard(const ZrString &text);
+    void goToDone();
     int nearestColumn(int row, int x) const;
     void placeBesideTarget();
     void placeKeys(float columns, int rowHeight);

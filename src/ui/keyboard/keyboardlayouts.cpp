@@ -180,11 +180,3 @@ int latinKeyboardLayout()
 {
     return 0;
 }
-
-bool hasShift(const KeyboardLayout &layout)
-{
-    if (layout.pinyin || layout.shifted[0])
-        return true;
-    const ZrString first(layout.rows[0]);
-    return first.toUpper() != first;
-}

@@ -25,8 +25,6 @@ const std::vector<KeyboardLayout> &keyboardLayouts();
 // An index of them; the English one for a language that nobody has thought of.
 int keyboardLayoutOf(int language);
 int latinKeyboardLayout();
-// Whether shift changes anything in it.
-bool hasShift(const KeyboardLayout &layout);
 
 // The pages of signs, which all layouts share.
 constexpr int SymbolPages = 2;

@@ -28,7 +28,7 @@ bool mayRunRightToLeft(const ZrString &text)
 
 EditableText::~EditableText()
 {
-    if (masked_)
+    if (secret_)
         zrWipe(shown_);
 }
 
@@ -65,8 +65,8 @@ void EditableText::setMasked(bool masked)
 {
     if (masked == masked_)
         return;
-    zrWipe(shown_);
     masked_ = masked;
+    secret_ = secret_ || masked;
     revealed_ = -1;
     refreshShown();
 }
@@ -81,7 +81,16 @@ bool EditableText::conceal()
 
 bool EditableText::setText(const ZrString &text)
 {
-    Units fit = fitting(text, nullptr, 0);
+    return replaceAll(fitting(text.constData(), text.size(), Units()));
+}
+
+bool EditableText::refit()
+{
+    return replaceAll(fitting(units_.data(), size(), Units()));
+}
+
+bool EditableText::replaceAll(Units fit)
+{
     if (fit == units_)
         return false;
     const auto differs = std::mismatch(units_.begin(), units_.end(), fit.begin(), fit.end()).first;
@@ -97,7 +106,7 @@ bool EditableText::insert(const ZrString &typed)
     const int from = selectionStart();
     Units rest(units_.begin(), units_.begin() + from);
     rest.insert(rest.end(), units_.begin() + selectionEnd(), units_.end());
-    const Units fit = fitting(typed, rest.data(), rest.size());
+    const Units fit = fitting(typed.constData(), typed.size(), rest);
     if (fit.empty())
         return false;
     const int shownFrom = toShown(from);
@@ -161,17 +170,16 @@ ZrString EditableText::textWith(const ZrString &typed) const
     return now.left(selectionStart()) + typed + now.mid(selectionEnd());
 }
 
-EditableText::Units EditableText::fitting(const ZrString &text, const ZrUcs2 *kept,
-                                          std::size_t keptSize) const
+EditableText::Units EditableText::fitting(const ZrUcs2 *text, int size, const Units &kept) const
 {
     int characters = 0;
     int bytes = 0;
-    for (int at = 0; at < int(keptSize); ++characters)
-        bytes += utf8Length(nextCodePoint(kept, int(keptSize), at));
+    for (int at = 0; at < int(kept.size()); ++characters)
+        bytes += utf8Length(nextCodePoint(kept.data(), int(kept.size()), at));
     Units fit;
-    for (int at = 0; at < text.size();) {
+    for (int at = 0; at < size;) {
         const int from = at;
-        const std::uint32_t character = nextCodePoint(text.constData(), text.size(), at);
+        const std::uint32_t character = nextCodePoint(text, size, at);
         const bool isNewLine = character == '\n' && lines_ == Lines::Many;
         const bool isHalf = character >= 0xD800 && character < 0xE000;
         if (isHalf || (!isNewLine && !allowed.contains(character)))
@@ -180,7 +188,7 @@ EditableText::Units EditableText::fitting(const ZrString &text, const ZrUcs2 *ke
         bytes += utf8Length(character);
         if ((maxLength > 0 && characters > maxLength) || (maxBytes > 0 && bytes > maxBytes))
             break;
-        fit.insert(fit.end(), text.constData() + from, text.constData() + at);
+        fit.insert(fit.end(), text + from, text + at);
     }
     return fit;
 }
@@ -194,11 +202,12 @@ void EditableText::changed(int from)
 
 void EditableText::refreshShown()
 {
+    if (secret_)
+        zrWipe(shown_);
     if (!masked_) {
         shown_ = ZrString::fromUtf16(units_.data(), size());
         return;
     }
-    zrWipe(shown_);
     shown_.reserve(size() + 1);
     for (int at = 0; at < size();) {
         const int from = at;

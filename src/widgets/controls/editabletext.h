@@ -47,6 +47,8 @@ public:
 
     // Each tells whether it changed anything.
     bool setText(const ZrString &text);
+    // Cuts the text to limits that were changed.
+    bool refit();
     bool insert(const ZrString &typed);
     bool backspace(const ZrFontMetrics &layout);
     bool moveTo(int position, const ZrFontMetrics &layout);
@@ -61,7 +63,8 @@ private:
     using Units = std::vector<ZrUcs2, ZrWipingAllocator<ZrUcs2>>;
 
     // What the limits leave of a text when `kept` is in the field already.
-    Units fitting(const ZrString &text, const ZrUcs2 *kept, std::size_t keptSize) const;
+    Units fitting(const ZrUcs2 *text, int size, const Units &kept) const;
+    bool replaceAll(Units fit);
     void changed(int from);
     void refreshShown();
     int snapped(int position, const ZrFontMetrics &layout) const;
@@ -74,6 +77,7 @@ private:
     int revealed_ = -1; // position of the character that shows
     int changedFrom_ = 0;
     bool masked_ = false;
+    bool secret_ = false; // was masked once: what is shown is wiped too
 };
 
 // True for units of scripts that run from right to left, and for what may stand for such.

@@ -2,6 +2,7 @@
 
 #include "widgets/controls/editabletext.h"
 #include "widgets/style/boxmodel.h"
+#include "widgets/style/textdirection.h"
 
 #include <algorithm>
 #include <zrregion>
@@ -110,7 +111,7 @@ void ZrLineEdit::setHint(const ZrString &hint)
         return;
     hint_ = hint;
     if (isEmpty())
-        update();
+        refit();
 }
 
 void ZrLineEdit::setAlignment(int alignment)
@@ -129,7 +130,7 @@ int ZrLineEdit::maxLength() const
 void ZrLineEdit::setMaxLength(int characters)
 {
     editable_->maxLength = characters;
-    setText(text());
+    edit([&] { return editable_->refit(); });
 }
 
 int ZrLineEdit::maxBytes() const
@@ -140,13 +141,13 @@ int ZrLineEdit::maxBytes() const
 void ZrLineEdit::setMaxBytes(int bytes)
 {
     editable_->maxBytes = bytes;
-    setText(text());
+    edit([&] { return editable_->refit(); });
 }
 
 void ZrLineEdit::setAllowedCharacters(const ZrCharacterSet &set)
 {
     editable_->allowed = set;
-    setText(text());
+    edit([&] { return editable_->refit(); });
 }
 
 // --- cursor and selection ---
@@ -298,7 +299,10 @@ void ZrLineEdit::followCursor()
     const int width = metrics.sizeHint().width();
     const int room = textRect().width() - cursorWidth();
     if (width <= room) {
-        originX_ = aligned(room, width, runsRightToLeft(editable_->shown(), metrics));
+        // In an empty field the cursor stands where its hint begins.
+        const bool fromRight = isEmpty() ? leadingAlignment(hint_) == Zr::AlignRight
+                                         : runsRightToLeft(editable_->shown(), metrics);
+        originX_ = aligned(room, width, fromRight);
         return;
     }
     // At rest a long text shows its beginning.

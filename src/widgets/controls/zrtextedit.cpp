@@ -2,6 +2,7 @@
 
 #include "widgets/controls/editabletext.h"
 #include "widgets/style/boxmodel.h"
+#include "widgets/style/textdirection.h"
 
 #include <algorithm>
 #include <zrpainter>
@@ -116,6 +117,7 @@ template <typename Change>
 void ZrTextEdit::edit(Change change)
 {
     const int height = contentHeight();
+    const int side = leadingAlignment(editable_->shown());
     update(cursorPlace());
     if (!change())
         return;
@@ -124,7 +126,9 @@ void ZrTextEdit::edit(Change change)
     const int scroll = scroll_;
     followCursor();
     restartCursor();
-    if (scroll == scroll_)
+    if (side != leadingAlignment(editable_->shown()))
+        update();
+    else if (scroll == scroll_)
         repaintFrom(editable_->changedFrom(), height);
     emit(this, &textChanged);
 }
@@ -200,6 +204,7 @@ const ZrFontMetrics &ZrTextEdit::layout() const
         const int room = std::max(1, textRect().width());
         layout_ = std::make_unique<ZrFontMetrics>(editable_->shown(), textFont(), room);
         layout_->setWorpWrap(true);
+        layout_->setAlignment(leadingAlignment(editable_->shown()));
     }
     return *layout_;
 }
@@ -382,6 +387,18 @@ void ZrTextEdit::focusOutEvent(ZrFocusEvent *event)
 {
     ZrWidget::focusOutEvent(event);
     restartCursor();
+    update();
+}
+
+void ZrTextEdit::hoverEnterEvent(ZrHoverEvent *event)
+{
+    ZrWidget::hoverEnterEvent(event);
+    update();
+}
+
+void ZrTextEdit::hoverLeaveEvent(ZrHoverEvent *event)
+{
+    ZrWidget::hoverLeaveEvent(event);
     update();
 }
 

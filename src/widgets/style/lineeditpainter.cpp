@@ -3,6 +3,7 @@
 
 #include "widgets/style/boxmodel.h"
 #include "widgets/style/stylepainter.h"
+#include "widgets/style/textdirection.h"
 
 #include <zrfontmetrics>
 #include <zrlineedit>
@@ -18,8 +19,8 @@ void drawHint(ZrPainter &painter, const BoxModel &box, const ZrLineEditOption &o
         return;
     painter.setPen(*color);
     const int side = edit.alignment() & Zr::AlignHorizontalMask;
-    painter.drawText(edit.textRect(), (side ? side : int(Zr::AlignLeft)) | Zr::AlignVCenter,
-                     edit.hint());
+    painter.drawText(edit.textRect(),
+                     (side ? side : leadingAlignment(edit.hint())) | Zr::AlignVCenter, edit.hint());
 }
 
 void drawLaidOut(ZrPainter &painter, const ZrLineEdit &edit, const ZrFontMetrics &layout)

@@ -1,0 +1,27 @@
+// The gallery on a virtual screen, worked by keys.
+#pragma once
+
+#include "gallerywindow.h"
+#include "support/recorderscreen.h"
+#include "ui/input/keynavigation.h"
+
+class GalleryScreen : public zrtest::RecorderScreen
+{
+public:
+    GalleryScreen()
+    {
+        window->hide();
+        gallery = std::make_unique<GalleryWindow>();
+        gallery->setAttribute(ZrWidget::DeleteOnClose, false);
+        gallery->show();
+        screen->settle();
+    }
+    ~GalleryScreen() override
+    {
+        gallery.reset();
+        screen->settle();
+    }
+
+    KeyNavigation navigation;
+    std::unique_ptr<GalleryWindow> gallery;
+};

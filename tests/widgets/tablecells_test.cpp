@@ -219,6 +219,28 @@ TEST_F(TableCells, ThePartsWithoutCellsHaveTheirColours)
     EXPECT_EQ(at(port.right() - 2, port.bottom() - 2), (80 >> 3) << 5);
 }
 
+TEST_F(TableCells, TheGroundFollowsThePointer)
+{
+    const ZrColor hovered(0, 80, 0);
+    ZrStyle::applicationStyle().tableOption().colors.set(Zr::TableHoverBackground, hovered);
+    table->hHeader()->setSortable(1, true);
+    table->setCurrentCell(4, 0);
+    const auto isLit = [this](int row, int column) {
+        const ZrPoint at = row < 0 ? ZrPoint(Left + column * ColumnWidth + 3, Top + 3)
+                                   : onScreen(row, column) - ZrPoint(ColumnWidth / 2 - 3, 0);
+        return (screen->pixel(at.x(), at.y()) & 0x7fff) == (80 >> 3) << 5;
+    };
+    const ZrPoint places[] = {{0, 1}, {1, 1}, {0, 1}, {-1, 1}, {0, 1}, {-1, 1}, {-1, 2}, {0, 2}};
+    for (const ZrPoint &place : places) {
+        const ZrPoint at = place.x() < 0 ? ZrPoint(Left + place.y() * ColumnWidth + 50, Top + 10)
+                                         : onScreen(place.x(), place.y());
+        screen->pointer(at.x(), at.y());
+        for (const ZrPoint &other : places)
+            EXPECT_EQ(isLit(other.x(), other.y()), other == place && other != ZrPoint(-1, 2))
+                << other.x() << ',' << other.y() << " while over " << place.x() << ',' << place.y();
+    }
+}
+
 TEST_F(TableCells, TheLookIsSharedUntilOneDiffers)
 {
     const struct {

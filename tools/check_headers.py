@@ -23,7 +23,8 @@ def compile_alone(header, extra):
     text = f'#include "{header}"\n'
     command = [COMPILER, "-std=c++17", "-fsyntax-only", "-x", "c++", f'-DZR_SOURCE_DIR="{TOP}"',
                f'-DZR_BINARY_DIR="{TOP}"', "-I", TOP / "include" / "pub",
-               "-I", TOP / "src", "-I", TOP, "-I", TOP / "tests", "-I", TOP / "bench", *extra, "-"]
+               "-I", TOP / "src", "-I", TOP, "-I", TOP / "tests", "-I", TOP / "bench",
+               "-I", TOP / "gallery", *extra, "-"]
     result = subprocess.run(command, input=text, text=True, capture_output=True, check=False)
     return header, result
 

@@ -10,9 +10,12 @@ namespace
 
 constexpr float RowUnits = 38;
 
-const ZrPixmap &indicator(bool checked)
+const ZrPixmap &indicator(bool checked, bool enabled)
 {
-    return picture(checked ? "images/checkbox-checked.png" : "images/checkbox-uncheck.png");
+    const char *const paths[2][2] = {
+        {"images/checkbox-uncheck-disabled.png", "images/checkbox-checked-disabled.png"},
+        {"images/checkbox-uncheck.png", "images/checkbox-checked.png"}};
+    return picture(paths[enabled ? 1 : 0][checked ? 1 : 0]);
 }
 
 } // namespace
@@ -29,7 +32,7 @@ void CheckList::setRows(const ZrStringList &texts, const ZrBitArray &checked)
     for (int row = 0; row < texts.size(); ++row) {
         checked_.setBit(row, checked.isSet(row));
         rows.append(ZrListWidgetItem(texts.at(row)));
-        rows.last().setIcon(indicator(checked.isSet(row)));
+        rows.last().setIcon(indicator(checked.isSet(row), true));
     }
     setItems(rows);
 }
@@ -40,7 +43,7 @@ void CheckList::setRowChecked(int row, bool checked)
         return;
     checked_.setBit(row, checked);
     ZrListWidgetItem changed = item(row);
-    changed.setIcon(indicator(checked));
+    changed.setIcon(indicator(checked, true));
     setItem(row, changed);
 }
 
@@ -53,6 +56,13 @@ void CheckList::setAllChecked(bool checked)
 bool CheckList::areAllChecked() const
 {
     return checked_.allSet();
+}
+
+ZrListWidget::RowLook CheckList::rowLook(int row) const
+{
+    RowLook look = ZrListWidget::rowLook(row);
+    look.icon = &indicator(isRowChecked(row), isEnabled() && item(row).isEnabled());
+    return look;
 }
 
 void CheckList::activate()

@@ -24,6 +24,7 @@ public:
 
 protected:
     void activate() override;
+    RowLook rowLook(int row) const override;
 
 private:
     ZrBitArray checked_;

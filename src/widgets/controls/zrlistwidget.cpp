@@ -248,11 +248,11 @@ void ZrListWidget::paintRow(ZrPainter &painter, int row)
             *look.mark);
     const int padding = rowHeight() / PaddingShare;
     ZrRect room = place.adjusted(padding, 0, -padding, 0);
-    if (!item.icon().isNull()) {
+    const ZrPixmap &icon = look.icon ? *look.icon : item.icon();
+    if (!icon.isNull()) {
         const int side = rowHeight() * IconPercent / 100;
         painter.drawScaledPixmap(
-            ZrRect(room.left(), place.top() + (place.height() - side) / 2, side, side),
-            item.icon());
+            ZrRect(room.left(), place.top() + (place.height() - side) / 2, side, side), icon);
         room.setLeft(room.left() + side + padding);
     }
     if (!look.foreground || room.isEmpty())

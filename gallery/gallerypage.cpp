@@ -21,12 +21,17 @@ constexpr float Left = 24;
 
 GalleryPage::GalleryPage(ZrWidget *parent) : ZrWidget(parent), nextY_(Top) {}
 
-void GalleryPage::beginRow(int captionText, float height)
+void GalleryPage::beginWideRow(float height)
 {
     if (rowHeight_ > 0)
         nextY_ += rowHeight_ + GapY;
     rowHeight_ = height;
     nextX_ = Left;
+}
+
+void GalleryPage::beginRow(int captionText, float height)
+{
+    beginWideRow(height);
     auto *caption = new ZrLabel(tr(captionText), this);
     caption->setAlignment(Zr::AlignLeft | Zr::AlignVCenter);
     caption->setElided(true);

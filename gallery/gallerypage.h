@@ -15,6 +15,9 @@ public:
 
     // A new row; sizes in units of the design canvas.
     void beginRow(int captionText, float height = 40);
+    // The same for a control that needs the page's whole width.
+    void beginWideRow(float height);
+    static constexpr float WideWidth = 968;
     // Puts the control into the row, which takes it over.
     template <typename Control>
     Control *add(Control *control, float width, Pose pose = Pose::AsItIs)

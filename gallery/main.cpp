@@ -20,12 +20,12 @@ namespace
 
 struct Options {
     const char *shots = nullptr;
-    const char *page = "";
+    ShotChoice choice;
 };
 
 int usage()
 {
-    fputs("usage: zr-gallery [--shots FOLDER] [--page NAME]\n"
+    fputs("usage: zr-gallery [--shots FOLDER] [--page NAME] [--language NAME]\n"
           "  Run in the data folder. Without --shots, on the framebuffer under ZR_ROOT.\n"
           "  Pages:",
           stderr);
@@ -42,7 +42,9 @@ bool read(int argc, char **argv, Options *options)
         if (value && strcmp(argv[i], "--shots") == 0)
             options->shots = value;
         else if (value && strcmp(argv[i], "--page") == 0)
-            options->page = value;
+            options->choice.page = value;
+        else if (value && strcmp(argv[i], "--language") == 0)
+            options->choice.language = value;
         else
             return false;
     }
@@ -86,5 +88,5 @@ int main(int argc, char **argv)
         return runInteractive(argc, argv);
     loadFont();
     ZrApplication::parts().makePointer = nullptr;
-    return takeShots(options.shots, options.page) ? 0 : 1;
+    return takeShots(options.shots, options.choice) ? 0 : 1;
 }

@@ -67,8 +67,7 @@ void fillButtons(GalleryPage &page)
     page.beginRow(Text::GalleryPictureButton);
     for (const PoseRow &row : Poses) {
         auto *button = page.add(new ZrPushButton(tr(row.text)), ButtonWidth, row.pose);
-        const bool disabled = row.pose == Pose::Disabled;
-        button->setIcon(image(disabled ? "edit-search-disabled.png" : "edit-search.png"));
+        button->setIcon(image("search.png"));
         button->setIconSize(ZrSize(fontUnits(20), fontUnits(20)));
     }
     page.beginRow(Text::More);

@@ -16,12 +16,13 @@ namespace
 {
 
 // Units.
-constexpr float TableWidth = 772;
 constexpr float RowHeight = 42;
 constexpr float TitleHeight = 38;
 constexpr int CellMargin = 30; // in 255ths: 5 of 42 units
 constexpr int SideMargin = 10;
 constexpr int LongRows = 10000;
+constexpr int LongRowsInSight = 9;
+constexpr float LongRowHeight = 34;
 
 enum Column {
     CheckColumn,
@@ -40,13 +41,13 @@ struct ColumnKind {
     float width;
 };
 constexpr ColumnKind Kinds[Columns] = {
-    {0, 44},
-    {Text::Channel, 132},
-    {Text::Name, 100},
-    {Text::State, 100},
-    {Text::Recording, 126},
-    {Text::NamePosition, 150},
-    {0, 92},
+    {0, 48},
+    {Text::Channel, 136},
+    {Text::Name, 160},
+    {Text::State, 136},
+    {Text::Recording, 148},
+    {Text::NamePosition, 180},
+    {0, 128},
     {Text::Size, 100},
 };
 
@@ -63,9 +64,9 @@ Widget *put(ZrTableWidget *table, int row, int column, Widget *widget)
     return widget;
 }
 
-ZrTableWidget *makeTable(GalleryPage &page)
+ZrTableWidget *makeTable(GalleryPage &page, Pose pose)
 {
-    auto *table = page.add(new ZrTableWidget, TableWidth);
+    auto *table = page.add(new ZrTableWidget, GalleryPage::WideWidth, pose);
     table->setDefaultRowHeight(unitsY(RowHeight));
     table->setTitleHeight(unitsY(TitleHeight));
     return table;
@@ -90,8 +91,8 @@ void fillRow(ZrTableWidget *table, int row)
 
 void fillTables(GalleryPage &page)
 {
-    page.beginRow(Text::GalleryTables, TitleHeight + Channels * RowHeight + 2);
-    ZrTableWidget *form = makeTable(page);
+    page.beginWideRow(TitleHeight + Channels * RowHeight + 2);
+    ZrTableWidget *form = makeTable(page, Pose::AsItIs);
     form->setSelectionMode(ZrTableWidget::SelectRow);
     form->setAlternatingRowColors(true);
     form->setColumnCount(Columns);
@@ -101,6 +102,7 @@ void fillTables(GalleryPage &page)
         if (Kinds[column].title != 0)
             form->setColumnTitle(column, tr(Kinds[column].title));
     }
+    form->hHeader()->cell(SwitchColumn)->setAlignment(Zr::AlignCenter);
     form->setColumnShare(NameColumn, 1);
     form->setColumnHidden(HiddenColumn, true);
     form->hHeader()->setSortable(ChannelColumn, true);
@@ -111,12 +113,12 @@ void fillTables(GalleryPage &page)
     form->rowItem(DisabledRow)->setEnabled(false);
     form->setCurrentCell(SelectedRow, ChannelColumn);
 
-    page.beginRow(Text::GalleryTables, 310);
-    ZrTableWidget *all = makeTable(page);
+    page.beginWideRow(TitleHeight + LongRowsInSight * LongRowHeight + 2);
+    ZrTableWidget *all = makeTable(page, Pose::Focused);
     constexpr int LongColumns = 4;
     all->setColumnCount(LongColumns);
     all->setRowCount(LongRows);
-    all->setDefaultRowHeight(unitsY(34));
+    all->setDefaultRowHeight(unitsY(LongRowHeight));
     for (int column = 0; column < LongColumns; ++column) {
         all->setColumnShare(column, 1);
         all->hHeader()->setSortable(column, true);

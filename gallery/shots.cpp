@@ -85,8 +85,7 @@ std::string shortName(const ZrString &file)
     return name.substr(5, name.size() - 9);
 }
 
-bool takeLanguages(const std::string &folder, const std::string &onlyPage,
-                   const VirtualBoard &board)
+bool takeLanguages(const std::string &folder, const ShotChoice &choice, const VirtualBoard &board)
 {
     ZrList<ZrString> files;
     ZrTranslation::languageFiles(&files);
@@ -94,10 +93,12 @@ bool takeLanguages(const std::string &folder, const std::string &onlyPage,
     std::uint32_t high = 0;
     ZrTranslation::availableLanguages(&low, &high);
     for (int number = 0; number < files.size(); ++number) {
-        if (!(number < 32 ? low >> number & 1 : high >> (number - 32) & 1))
+        const bool hasFile = number < 32 ? low >> number & 1 : high >> (number - 32) & 1;
+        const std::string language = shortName(files.at(number));
+        if (!hasFile || (!choice.language.empty() && choice.language != language))
             continue;
         ZrTranslation::instance()->setLanguage(std::uint32_t(number));
-        if (!takePages({folder, shortName(files.at(number)), board}, onlyPage))
+        if (!takePages({folder, language, board}, choice.page))
             return false;
     }
     return true;
@@ -105,7 +106,7 @@ bool takeLanguages(const std::string &folder, const std::string &onlyPage,
 
 } // namespace
 
-bool takeShots(const std::string &folder, const std::string &onlyPage)
+bool takeShots(const std::string &folder, const ShotChoice &choice)
 {
     std::error_code failure;
     std::filesystem::create_directories(folder, failure);
@@ -118,7 +119,7 @@ bool takeShots(const std::string &folder, const std::string &onlyPage)
         application.reopenDisplay();
         setScreenScale(size.width(), size.height());
         loadCommonStyle();
-        if (!takeLanguages(folder, onlyPage, board))
+        if (!takeLanguages(folder, choice, board))
             return false;
     }
     return true;

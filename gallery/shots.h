@@ -3,6 +3,12 @@
 
 #include <string>
 
-// Into the folder, which is made: PAGE-LANGUAGE-WIDTHxHEIGHT.png, at both sizes and in each
-// language that has a file. With a page name only that one. False, with a line on standard error.
-bool takeShots(const std::string &folder, const std::string &onlyPage);
+// What to take; an empty name stands for all.
+struct ShotChoice {
+    std::string page;
+    std::string language; // such as "english"
+};
+
+// Into the folder, which is made: PAGE-LANGUAGE-WIDTHxHEIGHT.png, at both sizes and in each chosen
+// language that has a file. False, with a line on standard error.
+bool takeShots(const std::string &folder, const ShotChoice &choice);

@@ -17,7 +17,7 @@ constexpr unsigned kStillMoment = 9000;
 
 constexpr char kIndexPage[] = R"(<!DOCTYPE html>
 <html lang="en"><head><meta charset="utf-8"><title>Recorder</title>
-<style>html, body { margin: 0; height: 100%; background: #101418; color: #98a8b8;
+<style>html, body { margin: 0; height: 100%; background: #081018; color: #98a8b8;
 font: 16px sans-serif; overflow: hidden } #screen { height: 100% }
 #state { position: fixed; left: 16px; top: 12px }</style></head>
 <body><div id="screen"></div><div id="state">Connecting ...</div>

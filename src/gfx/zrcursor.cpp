@@ -10,12 +10,32 @@ namespace
 // data: cursor-image/{arrow,cursor-uparrow,cursor-cross,cursor-wait,cursor-ibeam}.png
 // data: cursor-image/cursor-{sizev,sizeh,vsplit,hsplit,hand,forbidden,whatsthis}.png
 // data: cursor-image/cursor-{busy,openhand,closehand}.png
-constexpr const char *kFiles[ZrCursor::ShapeCount] = {
-    "arrow.png",         "cursor-uparrow.png",  "cursor-cross.png",     "cursor-wait.png",
-    "cursor-ibeam.png",  "cursor-sizev.png",    "cursor-sizeh.png",     "cursor-vsplit.png",
-    "cursor-hsplit.png", "cursor-hand.png",     "cursor-forbidden.png", "cursor-whatsthis.png",
-    "cursor-busy.png",   "cursor-openhand.png", "cursor-closehand.png",
+struct ShapeFile {
+    const char *name;
+    int hotX, hotY; // the pixel that points
 };
+constexpr ShapeFile kFiles[ZrCursor::ShapeCount] = {
+    {"arrow.png", 0, 0},
+    {"cursor-uparrow.png", 12, 1},
+    {"cursor-cross.png", 12, 12},
+    {"cursor-wait.png", 12, 12},
+    {"cursor-ibeam.png", 12, 12},
+    {"cursor-sizev.png", 12, 12},
+    {"cursor-sizeh.png", 12, 12},
+    {"cursor-vsplit.png", 12, 12},
+    {"cursor-hsplit.png", 12, 12},
+    {"cursor-hand.png", 9, 1},
+    {"cursor-forbidden.png", 12, 12},
+    {"cursor-whatsthis.png", 0, 0},
+    {"cursor-busy.png", 0, 0},
+    {"cursor-openhand.png", 12, 12},
+    {"cursor-closehand.png", 12, 12},
+};
+
+int knownShape(int shape)
+{
+    return shape >= 0 && shape < ZrCursor::ShapeCount ? shape : int(ZrCursor::Arrow);
+}
 
 // Each file is read once.
 const ZrImage &shapeImage(int shape)
@@ -33,7 +53,10 @@ const ZrImage &shapeImage(int shape)
 
 } // namespace
 
-ZrCursor::ZrCursor(int shape) : shape_(shape >= 0 && shape < ShapeCount ? shape : Arrow) {}
+ZrCursor::ZrCursor(int shape)
+    : shape_(knownShape(shape)), hotSpot_(kFiles[shape_].hotX, kFiles[shape_].hotY)
+{
+}
 
 ZrCursor::ZrCursor(const ZrImage &image, int hotX, int hotY)
     : shape_(-1), hotSpot_(hotX, hotY), image_(image)
@@ -56,5 +79,5 @@ bool ZrCursor::operator==(const ZrCursor &other) const
 
 const char *ZrCursor::fileName(int shape)
 {
-    return kFiles[shape >= 0 && shape < ShapeCount ? shape : Arrow];
+    return kFiles[knownShape(shape)].name;
 }

@@ -18,10 +18,14 @@ void ZrPainter::drawText(const ZrRect &rect, int align, const ZrString &text)
     ZrFontMetrics metrics(text, font_, rect.width(), state_.letterSpacing);
     metrics.setWorpWrap(align & Zr::TextWordWrap);
     metrics.setAlignment(align & ~Zr::TextWordWrap);
-    metrics.setTextMinRect(rect.left(), rect.top(), rect.width(), rect.height());
+    // Laid out wherever it stands, so that what is scrolled or moved is found among what was laid
+    // out before.
+    metrics.setTextMinRect(0, 0, rect.width(), rect.height());
+    const int x = rect.left() + originX_;
+    const int y = rect.top() + originY_;
     for (const ZrPaintInfo &line : metrics.paintInfoList()) {
         forEachClip(rect, [&](const ZrRect &) {
-            canvas_->drawGlyphs(line.x + originX_, line.y + originY_, line.glyphs);
+            canvas_->drawGlyphs(line.x + x, line.y + y, line.glyphs);
         });
     }
 }

@@ -107,8 +107,15 @@ ZrIniFile::ZrIniFile(const char *path, Mode mode)
         return;
     char line[kLineSize];
     std::string section;
-    while (fgets(line, sizeof line, file.get()))
+    size_t bytes = 0;
+    while (fgets(line, sizeof line, file.get())) {
+        bytes += strlen(line);
+        if (bytes > MostBytes) {
+            fprintf(stderr, "ini file too large, the rest is left out: %s\n", path);
+            return;
+        }
         readLine(line, &section);
+    }
 }
 
 void ZrIniFile::readLine(char *line, std::string *section)

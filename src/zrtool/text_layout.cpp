@@ -5,27 +5,39 @@
 #include <zrnamespace>
 
 #include <algorithm>
+#include <array>
 #include <climits>
+#include <cstddef>
 
 namespace zrtool
 {
 namespace
 {
 
-// Texts laid out last, each at the place that its hash names. A longer text is laid out seldom and
+// Texts laid out last: sets of a few, the last used first; the hash names the set. One text often
+// stands there twice, as it is measured and as it is painted. A longer text is laid out seldom and
 // would keep too many glyphs from being dropped.
-constexpr std::size_t cacheSlots = 256;
+constexpr std::size_t setCount = 128;
+constexpr std::size_t setSize = 4;
 constexpr int longestCached = 2048;
 
 struct Slot {
     std::size_t hash = 0;
     const TextLayout *layout = nullptr;
 };
+using Set = std::array<Slot, setSize>;
 
-Slot *cache()
+std::array<Set, setCount> &cache()
 {
-    static Slot slots[cacheSlots];
-    return slots;
+    static std::array<Set, setCount> sets;
+    return sets;
+}
+
+// The slot becomes the first of its set.
+void promote(Set &set, std::size_t place)
+{
+    std::rotate(set.begin(), set.begin() + std::ptrdiff_t(place),
+                set.begin() + std::ptrdiff_t(place) + 1);
 }
 
 std::size_t hashOf(const ZrString &text, ZrFont font)
@@ -48,39 +60,46 @@ const TextLayout *TextLayout::find(const ZrString &text, ZrFont font, const Layo
         return layout;
     }
     const std::size_t hash = hashOf(text, font);
-    Slot &slot = cache()[hash % cacheSlots];
-    const bool sameText = slot.layout && slot.hash == hash && isOf(*slot.layout, text, font);
-    if (!sameText || !(slot.layout->options() == options)) {
-        const ShapedText *shaped = nullptr;
-        if (sameText)
-            (shaped = &slot.layout->shaped())->ref();
-        else
-            shaped = ShapedText::make(text, font);
-        const TextLayout *layout = new TextLayout(shaped, options);
-        if (slot.layout)
-            slot.layout->deref();
-        slot = {hash, layout};
-        GlyphStore &store = GlyphStore::instance();
-        store.trim();
-        if (store.bytes() > store.limit()) {
-            // The cached texts pin too much of the glyphs: begin anew with this one.
-            layout->ref();
-            clearCache();
-            store.trim();
-            return layout;
+    Set &set = cache()[hash % setCount];
+    const ShapedText *shaped = nullptr; // of the same text, laid out otherwise
+    for (std::size_t i = 0; i < setSize && set[i].layout; i++) {
+        if (set[i].hash != hash || !isOf(*set[i].layout, text, font))
+            continue;
+        if (set[i].layout->options() == options) {
+            promote(set, i);
+            set[0].layout->ref();
+            return set[0].layout;
         }
+        shaped = &set[i].layout->shaped();
     }
-    slot.layout->ref();
-    return slot.layout;
+    if (shaped)
+        shaped->ref();
+    else
+        shaped = ShapedText::make(text, font);
+    const TextLayout *layout = new TextLayout(shaped, options); // the cache's and the caller's
+    layout->ref();
+    promote(set, setSize - 1);
+    if (set[0].layout)
+        set[0].layout->deref();
+    set[0] = {hash, layout};
+    GlyphStore &store = GlyphStore::instance();
+    store.trim();
+    if (store.bytes() > store.limit()) {
+        // The cached texts pin too much of the glyphs: begin anew with the next one.
+        clearCache();
+        store.trim();
+    }
+    return layout;
 }
 
 void TextLayout::clearCache()
 {
-    for (std::size_t i = 0; i < cacheSlots; i++) {
-        Slot &slot = cache()[i];
-        if (slot.layout)
-            slot.layout->deref();
-        slot = {};
+    for (Set &set : cache()) {
+        for (Slot &slot : set) {
+            if (slot.layout)
+                slot.layout->deref();
+            slot = {};
+        }
     }
 }
 

@@ -9,7 +9,7 @@ namespace
 
 constexpr int kReferenceWidth = live::CropWidth;
 constexpr int kReferenceHeight = live::CropHeight;
-constexpr uint32_t kNoPicture = 0x101418;
+constexpr uint32_t kNoPicture = 0x081018;
 constexpr uint32_t kNumber = 0x98A8B8;
 constexpr unsigned kSlowestCrossing = 24000; // milliseconds from one side to the other
 

@@ -10,12 +10,9 @@ namespace
 
 constexpr float RowUnits = 38;
 
-const ZrPixmap &indicator(bool checked, bool enabled)
+const ZrPixmap &indicator(bool checked)
 {
-    const char *const paths[2][2] = {
-        {"images/checkbox-uncheck-disabled.png", "images/checkbox-checked-disabled.png"},
-        {"images/checkbox-uncheck.png", "images/checkbox-checked.png"}};
-    return picture(paths[enabled ? 1 : 0][checked ? 1 : 0]);
+    return picture(checked ? "images/checkbox-checked.png" : "images/checkbox-uncheck.png");
 }
 
 } // namespace
@@ -32,7 +29,7 @@ void CheckList::setRows(const ZrStringList &texts, const ZrBitArray &checked)
     for (int row = 0; row < texts.size(); ++row) {
         checked_.setBit(row, checked.isSet(row));
         rows.append(ZrListWidgetItem(texts.at(row)));
-        rows.last().setIcon(indicator(checked.isSet(row), true));
+        rows.last().setIcon(indicator(checked.isSet(row)));
     }
     setItems(rows);
 }
@@ -43,7 +40,7 @@ void CheckList::setRowChecked(int row, bool checked)
         return;
     checked_.setBit(row, checked);
     ZrListWidgetItem changed = item(row);
-    changed.setIcon(indicator(checked, true));
+    changed.setIcon(indicator(checked));
     setItem(row, changed);
 }
 
@@ -56,13 +53,6 @@ void CheckList::setAllChecked(bool checked)
 bool CheckList::areAllChecked() const
 {
     return checked_.allSet();
-}
-
-ZrListWidget::RowLook CheckList::rowLook(int row) const
-{
-    RowLook look = ZrListWidget::rowLook(row);
-    look.icon = &indicator(isRowChecked(row), isEnabled() && item(row).isEnabled());
-    return look;
 }
 
 void CheckList::activate()

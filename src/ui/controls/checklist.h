@@ -24,7 +24,6 @@ public:
 
 protected:
     void activate() override;
-    RowLook rowLook(int row) const override;
 
 private:
     ZrBitArray checked_;

@@ -2,6 +2,7 @@
 
 #include "widgets/style/boxmodel.h"
 #include "widgets/style/buttonlayout.h"
+#include "widgets/style/fadedpicture.h"
 #include "widgets/style/textdirection.h"
 
 #include <algorithm>
@@ -248,11 +249,11 @@ void ZrListWidget::paintRow(ZrPainter &painter, int row)
             *look.mark);
     const int padding = rowHeight() / PaddingShare;
     ZrRect room = place.adjusted(padding, 0, -padding, 0);
-    const ZrPixmap &icon = look.icon ? *look.icon : item.icon();
-    if (!icon.isNull()) {
+    if (!item.icon().isNull()) {
         const int side = rowHeight() * IconPercent / 100;
         painter.drawScaledPixmap(
-            ZrRect(room.left(), place.top() + (place.height() - side) / 2, side, side), icon);
+            ZrRect(room.left(), place.top() + (place.height() - side) / 2, side, side),
+            look.usable ? item.icon() : fadedPicture(item.icon()));
         room.setLeft(room.left() + side + padding);
     }
     if (!look.foreground || room.isEmpty())
@@ -271,6 +272,7 @@ ZrListWidget::RowLook ZrListWidget::rowLook(int row) const
                               : row == hoveredRow_ ? ZrVisualState::Hover
                                                    : ZrVisualState::Normal);
     RowLook look;
+    look.usable = usable;
     look.foreground = group.foreground.get(state);
     if (!look.foreground)
         look.foreground = group.foreground.get(zrIndex(ZrVisualState::Normal));

@@ -3,6 +3,7 @@
 
 #include "widgets/style/boxmodel.h"
 #include "widgets/style/buttonlayout.h"
+#include "widgets/style/fadedpicture.h"
 #include "widgets/style/stylepainter.h"
 
 #include <zrfontmetrics>
@@ -79,7 +80,8 @@ void ZrStyle::drawPushButton(ZrWidget *widget, const ZrPushButtonOption *option)
         layIconAndText(contents, box.alignment(), hasIcon ? button->iconSize() : ZrSize(0, 0),
                        spacing ? *spacing : 0, pixels);
     if (!parts.icon.isEmpty())
-        painter.drawScaledPixmap(parts.icon, button->icon());
+        painter.drawScaledPixmap(parts.icon, button->isEnabled() ? button->icon()
+                                                                 : fadedPicture(button->icon()));
     if (!parts.text.isEmpty() && box.prepareText(painter))
         drawOneLine(painter, parts.text, Zr::AlignLeft | Zr::AlignVCenter, button->text(),
                     box.font(), pixels);

@@ -147,8 +147,13 @@ void ZrTableWidget::activateCurrent(ZrKeyEvent *event)
 
 void ZrTableWidget::titleClicked(int column)
 {
-    if (!hHeader_->isSortable(column))
+    if (!hHeader_->isSortable(column)) {
+        clickedRow_ = -1;
+        clickedColumn_ = column;
+        clickedButton_ = Zr::LeftButton;
+        emit(this, &cellClicked);
         return;
+    }
     const bool again = hHeader_->sortColumn() == column && hHeader_->sortOrder() == Zr::Ascending;
     sortByColumn(column, again ? Zr::Descending : Zr::Ascending);
 }
@@ -210,6 +215,9 @@ bool ZrTableWidget::viewPortEvent(ZrEvent *event)
     case ZrEvent::Leave:
         setHovered(-1, -1);
         return true;
+    case ZrEvent::LayoutRequest: // the hint of a widget has changed
+        contentsChanged();
+        return false;
     default:
         return false;
     }

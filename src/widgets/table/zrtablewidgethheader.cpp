@@ -146,6 +146,12 @@ void ZrTableWidgetHHeader::mousePressEvent(ZrMouseEvent *event)
         owner_.setFocus(Zr::MouseFocus);
 }
 
+// Whoever clicks twice turns the order round.
+void ZrTableWidgetHHeader::mouseDoubleClickEvent(ZrMouseEvent *event)
+{
+    mousePressEvent(event);
+}
+
 void ZrTableWidgetHHeader::mouseReleaseEvent(ZrMouseEvent *event)
 {
     event->accept();

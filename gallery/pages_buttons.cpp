@@ -24,7 +24,7 @@
 namespace
 {
 
-constexpr float ButtonWidth = 170;
+constexpr float ButtonWidth = 184;
 constexpr float ChoiceWidth = 170;
 
 constexpr StatePictures Crop = {"images/crop.png", "images/crop-hover.png",

@@ -129,7 +129,7 @@ BENCHMARK(tablePixels)->Unit(benchmark::kMicrosecond)->UseRealTime();
     zrbench::atMost("scroll 10,000 rows by one / 100 rows", "tableScroll/10000", "tableScroll/100",
                     1.3),
     zrbench::atMost("scroll 10,000 check boxes by one row / 100", "tableScrollChecks/10000",
-                    "tableScrollChecks/100", 1.6),
+                    "tableScrollChecks/100", 2.0),
     zrbench::atMost("a cell onwards in 10,000 rows / in 100", "tableKey/10000", "tableKey/100",
                     1.3),
     zrbench::atMost("a cell onwards / a scroll", "tableKey/10000", "tableScroll/10000", 0.1),

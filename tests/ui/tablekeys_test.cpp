@@ -3,6 +3,7 @@
 #include "ui/input/keynavigation.h"
 
 #include <zrcheckbox>
+#include <zrcombobox>
 #include <zrpushbutton>
 
 using Direction = KeyNavigation::Direction;
@@ -74,6 +75,18 @@ TEST_F(TableKeys, WidgetsAreUsedFromTheirCells)
     screen->pass(200);
     EXPECT_TRUE(checks[0]->isChecked());
     EXPECT_TRUE(table->hasFocus()) << "the walk goes on in the table";
+    auto *combo = putWidget(0, 2, new ZrComboBox);
+    combo->addItem(ZrString("one"));
+    combo->addItem(ZrString("two"));
+    arrows(Direction::Right, 1);
+    navigation.enter();
+    arrows(Direction::Down, 1);
+    navigation.enter();
+    screen->settle();
+    EXPECT_EQ(combo->currentIndex(), 1);
+    EXPECT_FALSE(combo->isPopupVisible());
+    arrows(Direction::Left, 1);
+    EXPECT_EQ(cell(), ZrPoint(0, 1)) << "back among the cells";
     // By pointer into a widget, then on by the keys: through every row, and out of the table.
     checks[1]->setFocus(Zr::MouseFocus);
     screen->settle();

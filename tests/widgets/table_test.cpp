@@ -1,6 +1,9 @@
 // The table: walking, scrolling, the pointer, and rows that come, go and change places.
+#include "support/random_seed.h"
 #include "support/tablescreen.h"
 
+#include <algorithm>
+#include <functional>
 #include <zrcheckbox>
 #include <zrguard>
 #include <zrpushbutton>
@@ -45,6 +48,9 @@ TEST_F(Table, ArrowsWalkTheCells)
         EXPECT_EQ(log.take(), step.signals) << step.what;
     }
     EXPECT_FALSE(key(Zr::Key_Escape));
+    table->setCurrentCell(0, 1);
+    table->setCurrentCell(1, 0);
+    EXPECT_EQ(cell(), ZrPoint(0, 0)) << "nothing hidden becomes current";
     table->setColumnHidden(0, true);
     EXPECT_TRUE(key(Zr::Key_Left)) << "nothing but hidden columns on that side";
     table->setCurrentCell(Rows - 1, 2);
@@ -343,5 +349,51 @@ TEST_F(Table, SlotsMayDeleteTheTable)
             screen->click(Left + 10, Top + 10);
         EXPECT_FALSE(alive);
         screen->pass(1000);
+    }
+}
+
+TEST_F(Table, RandomUseLeavesItWhole)
+{
+    std::mt19937 random = seededRandom();
+    const auto row = [&] { return pick(random, -1, table->rowCount()); };
+    const auto column = [&] { return pick(random, -1, table->columnCount()); };
+    const std::function<void()> deeds[] = {
+        [&] { table->setRowCount(pick(random, 0, 40)); },
+        [&] { table->setColumnCount(pick(random, 0, 6)); },
+        [&] { table->insertRow(row()); },
+        [&] { table->removeRow(row()); },
+        [&] { table->setRowHidden(row(), pick(random, 0, 1)); },
+        [&] { table->setColumnHidden(column(), pick(random, 0, 1)); },
+        [&] { table->setRowHeight(row(), pick(random, 0, 300)); },
+        [&] { table->setColumnWidth(column(), pick(random, 0, 300)); },
+        [&] { table->setColumnShare(column(), pick(random, 0, 3)); },
+        [&] { table->setText(row(), column(), ZrString("%1").arg(pick(random, 0, 99))); },
+        [&] { table->setCellWidget(row(), column(), new ZrCheckBox(window.get())); },
+        [&] { table->setCellWidget(row(), column(), nullptr); },
+        [&] { table->setSpan(row(), column(), pick(random, 1, 3), pick(random, 1, 3)); },
+        [&] { table->hHeader()->setSortable(column(), pick(random, 0, 1)); },
+        [&] { table->sortByColumn(column(), Zr::SortOrder(pick(random, 0, 1))); },
+        [&] { table->setCurrentCell(row(), column()); },
+        [&] { table->vScrollBar()->setValue(pick(random, 0, 2000)); },
+        [&] { table->hScrollBar()->setValue(pick(random, 0, 500)); },
+        [&] { screen->pointer(pick(random, 0, 460), pick(random, 0, 220), pick(random, 0, 2)); },
+        [&] { key(pick(random, Zr::Key_Left, Zr::Key_Right)); },
+        [&] { key(pick(random, 0, 1) ? Zr::Key_Down : Zr::Key_Enter); },
+        [&] { screen->pass(300); },
+    };
+    for (int step = 0; step < 3000; ++step) {
+        deeds[pick(random, 0, int(std::size(deeds)) - 1)]();
+        if (step % 3 == 0)
+            screen->settle();
+        const int r = table->currentRow();
+        const int c = table->currentColumn();
+        ASSERT_TRUE((r == -1 && c == -1) ||
+                    (r >= -1 && r < table->rowCount() && c >= 0 && c < table->columnCount()))
+            << "step " << step << ": " << r << ", " << c;
+        const ZrVector<int> &edges = table->vHeader()->rowEdges();
+        ASSERT_EQ(edges.size(), table->rowCount() + 1);
+        ASSERT_TRUE(std::is_sorted(edges.begin(), edges.end())) << "step " << step;
+        for (int i = 0; i < table->rowCount(); ++i)
+            ASSERT_EQ(table->rowItem(i)->index(), i) << "step " << step;
     }
 }

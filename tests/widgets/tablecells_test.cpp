@@ -157,6 +157,10 @@ TEST_F(TableCells, ColumnsDivideWhatIsLeft)
     check(150);
     table->resize(ZrSize(table->width() + 70, table->height()));
     check(220);
+    table->setColumnWidth(3, 90);
+    screen->settle();
+    EXPECT_EQ(table->columnWidth(1), 20 + 160 / 3) << "a later one takes from an earlier one";
+    table->setColumnWidth(3, 30);
     table->resize(ZrSize(200, table->height()));
     check(0);
     EXPECT_TRUE(table->hScrollBar()->isVisible());
@@ -169,8 +173,14 @@ TEST_F(TableCells, ColumnsDivideWhatIsLeft)
 
 TEST_F(TableCells, ASpanIsOneCell)
 {
-    table->setText(1, 1, ZrString("wide"));
+    int own = 0;
+    int covered = 0;
+    table->setItem(1, 1, new CountedCell(&own));
+    table->setItem(2, 2, new CountedCell(&covered));
     table->setSpan(1, 1, 2, 2);
+    screen->settle();
+    EXPECT_EQ(own, 1);
+    EXPECT_EQ(covered, 0);
     EXPECT_TRUE(table->cellRect(2, 2) == table->cellRect(1, 1));
     EXPECT_EQ(table->cellRect(1, 1).width(), 2 * ColumnWidth);
     table->setCurrentCell(2, 2);
@@ -207,6 +217,28 @@ TEST_F(TableCells, ThePartsWithoutCellsHaveTheirColours)
     EXPECT_EQ(at(port.right() - 2, 5), 80 >> 3);
     EXPECT_EQ(at(5, port.bottom() - 2), (80 >> 3) << 5);
     EXPECT_EQ(at(port.right() - 2, port.bottom() - 2), (80 >> 3) << 5);
+}
+
+TEST_F(TableCells, TheGroundFollowsThePointer)
+{
+    const ZrColor hovered(0, 80, 0);
+    ZrStyle::applicationStyle().tableOption().colors.set(Zr::TableHoverBackground, hovered);
+    table->hHeader()->setSortable(1, true);
+    table->setCurrentCell(4, 0);
+    const auto isLit = [this](int row, int column) {
+        const ZrPoint at = row < 0 ? ZrPoint(Left + column * ColumnWidth + 3, Top + 3)
+                                   : onScreen(row, column) - ZrPoint(ColumnWidth / 2 - 3, 0);
+        return (screen->pixel(at.x(), at.y()) & 0x7fff) == (80 >> 3) << 5;
+    };
+    const ZrPoint places[] = {{0, 1}, {1, 1}, {0, 1}, {-1, 1}, {0, 1}, {-1, 1}, {-1, 2}, {0, 2}};
+    for (const ZrPoint &place : places) {
+        const ZrPoint at = place.x() < 0 ? ZrPoint(Left + place.y() * ColumnWidth + 50, Top + 10)
+                                         : onScreen(place.x(), place.y());
+        screen->pointer(at.x(), at.y());
+        for (const ZrPoint &other : places)
+            EXPECT_EQ(isLit(other.x(), other.y()), other == place && other != ZrPoint(-1, 2))
+                << other.x() << ',' << other.y() << " while over " << place.x() << ',' << place.y();
+    }
 }
 
 TEST_F(TableCells, TheLookIsSharedUntilOneDiffers)

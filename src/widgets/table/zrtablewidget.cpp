@@ -65,6 +65,8 @@ void ZrTableWidget::setColumnCount(int count)
     hHeader_->setColumnCount(count);
     hHeader_->sortable_.resize(std::size_t(count));
     hHeader_->hoverCol_ = -1;
+    if (hHeader_->sortColumn_ >= count)
+        hHeader_->sortColumn_ = -1;
     for (const std::unique_ptr<ZrTableWidgetRowItem> &row : rowItems_)
         if (row)
             row->setColumnCount(count);

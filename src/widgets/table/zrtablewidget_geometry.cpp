@@ -11,10 +11,11 @@
 namespace
 {
 
-// In fifths of a line of text.
+// In lines of text, or fifths of one.
 constexpr int RowFifths = 9;
 constexpr int TitleFifths = 8;
 constexpr int ColumnLines = 6;
+constexpr int SideLines = 3;
 constexpr int HintRows = 6;
 
 } // namespace
@@ -154,7 +155,8 @@ void ZrTableWidget::arrange()
     const int inset = border();
     const ZrRect room = rect().adjusted(inset, inset, -inset, -inset);
     const int title = std::min(titleHeight(), room.height());
-    const int side = rowSideWidth_ < 0 ? columns().size(0) / 2 : rowSideWidth_;
+    const int side =
+        rowSideWidth_ < 0 ? ZrFontMetrics::lineHeight(font(0)) * SideLines : rowSideWidth_;
     hHeader_->setVisible(title > 0);
     vHeader_->setVisible(side > 0);
     hHeader_->setGeometry(ZrRect(room.left() + side, room.top(), room.width() - side, title));
@@ -342,6 +344,8 @@ void ZrTableWidget::updateRow(int row)
 
 void ZrTableWidget::updateCell(int row, int column)
 {
+    if (column >= columnCount())
+        return; // it has just gone
     if (column < 0 || (row >= 0 && selectionMode_ == SelectRow))
         updateRow(row);
     else if (row < 0)
@@ -358,6 +362,13 @@ void ZrTableWidget::resizeEvent(ZrResizeEvent *)
 void ZrTableWidget::styleChanged()
 {
     ZrWidget::styleChanged();
+    setDefaultSizes();
+    contentsChanged();
+}
+
+void ZrTableWidget::setFont(const ZrFont &font, int index)
+{
+    ZrWidget::setFont(font, index);
     setDefaultSizes();
     contentsChanged();
 }

@@ -273,12 +273,19 @@ void ZrTableWidget::setHovered(int row, int column)
         return;
     const int oldRow = vHeader_->hoverRow_;
     const int oldColumn = hHeader_->hoverCol_;
-    const bool sameRow = row == oldRow && selectionMode_ == SelectRow;
-    if (oldRow >= 0 && !sameRow)
-        updateCell(oldRow, oldColumn);
+    const bool sameRow = row == oldRow && row >= 0 && selectionMode_ == SelectRow;
     vHeader_->hoverRow_ = row;
-    hHeader_->setHoverCol(column);
-    if (row >= 0 && !sameRow)
+    hHeader_->hoverCol_ = column;
+    if (sameRow)
+        return;
+    updateHovered(oldRow, oldColumn);
+    updateHovered(row, column);
+}
+
+void ZrTableWidget::updateHovered(int row, int column)
+{
+    // A title shows the pointer only when a click does something.
+    if (row >= 0 || hHeader_->isSortable(column))
         updateCell(row, column);
 }
 

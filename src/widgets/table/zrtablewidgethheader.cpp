@@ -128,16 +128,6 @@ void ZrTableWidgetHHeader::paintSortSign(ZrPainter &painter, const ZrRect &title
 
 // --- pointer ---
 
-void ZrTableWidgetHHeader::setHoverCol(int column)
-{
-    if (column == hoverCol_)
-        return;
-    for (const int touched : {hoverCol_, column})
-        if (isSortable(touched))
-            update(titleRect(touched));
-    hoverCol_ = column;
-}
-
 void ZrTableWidgetHHeader::mousePressEvent(ZrMouseEvent *event)
 {
     event->setAccepted(event->button() == Zr::LeftButton);

@@ -10,6 +10,8 @@ namespace
 {
 
 constexpr float CaptionWidth = 180;
+constexpr float LowestCaption = 24;
+constexpr float HighestCaption = 40;
 constexpr float GapX = 16;
 constexpr float GapY = 12;
 constexpr float Top = 16;
@@ -36,8 +38,11 @@ void GalleryPage::beginRow(int captionText, float height)
     caption->style().labelOption().foreground.set(
         zrIndex(ZrVisualState::Normal),
         commonStyleFile().colorValue(ZrString("Common/Foreground/Dim")));
-    caption->setGeometry(ZrRect(unitsX(nextX_), unitsY(nextY_), unitsX(CaptionWidth),
-                                unitsY(std::min(height, 40.f))));
+    // In the middle of a low row, at the top of a high one.
+    const float captionHeight = std::clamp(height, LowestCaption, HighestCaption);
+    const float above = std::max(0.f, captionHeight - height) / 2;
+    caption->setGeometry(ZrRect(unitsX(nextX_), unitsY(nextY_ - above), unitsX(CaptionWidth),
+                                unitsY(captionHeight)));
     nextX_ += CaptionWidth + GapX;
 }
 

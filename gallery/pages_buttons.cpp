@@ -24,7 +24,7 @@
 namespace
 {
 
-constexpr float ButtonWidth = 150;
+constexpr float ButtonWidth = 184;
 constexpr float ChoiceWidth = 170;
 
 constexpr StatePictures Crop = {"images/crop.png", "images/crop-hover.png",
@@ -75,7 +75,7 @@ void fillButtons(GalleryPage &page)
         makeFlat(page.add(new ZrPushButton(tr(row.text)), ButtonWidth, row.pose));
     page.beginRow(Text::GalleryPressed);
     for (const PoseRow &row : Poses)
-        page.add(new PressedButton(tr(row.text)), ButtonWidth, row.pose)->setChecked(true);
+        page.add(new PressedButton(tr(row.text), &page), ButtonWidth, row.pose)->setChecked(true);
     page.beginRow(Text::GalleryTip);
     for (const PoseRow &row : Poses) {
         auto *button = page.add(new TipButton, ButtonWidth, row.pose);
@@ -84,11 +84,11 @@ void fillButtons(GalleryPage &page)
     }
     page.beginRow(Text::GalleryPictureButton, IconButton::SideUnits);
     for (const PoseRow &row : Poses)
-        page.add(new IconButton(Crop), IconButton::SideUnits, row.pose);
+        page.add(new IconButton(Crop, &page), IconButton::SideUnits, row.pose);
     page.beginRow(Text::GalleryPictureButton, ToolButton::SideUnits);
     for (const bool checked : {false, true})
         for (const PoseRow &row : Poses) {
-            auto *button = page.add(new ToolButton(Crop), ToolButton::SideUnits, row.pose);
+            auto *button = page.add(new ToolButton(Crop, &page), ToolButton::SideUnits, row.pose);
             button->setCheckable(true);
             button->setChecked(checked);
         }
@@ -112,9 +112,9 @@ void fillChoices(GalleryPage &page)
     page.beginRow(Text::GallerySwitchedOn, 32);
     for (const bool checked : {false, true})
         for (const PoseRow &row : Poses)
-            page.add(new BoolButton, 64, row.pose)->setChecked(checked);
+            page.add(new BoolButton(&page), 64, row.pose)->setChecked(checked);
     page.beginRow(Text::DaysOfWeek, 36);
-    page.add(new DaysSelector, 560)->setDays(DaysSelector::AllDays & ~(1 << 6));
+    page.add(new DaysSelector(&page), 560)->setDays(DaysSelector::AllDays & ~(1 << 6));
     page.beginRow(Text::ChooseSource, 32);
     auto *group = new ZrButtonGroup(&page);
     for (int i = 1; i <= 3; ++i) {

@@ -14,9 +14,11 @@ void fillLabels(GalleryPage &page)
     page.beginRow(Text::GalleryLargeTitle);
     auto *title = page.add(new ZrLabel(tr(Text::GalleryLargeTitle)), 540);
     title->setFont(ZrFont(fontUnits(20)), 0);
+    title->setAlignment(Zr::AlignLeft | Zr::AlignVCenter);
     page.beginRow(Text::GallerySmallHint);
     auto *hint = page.add(new ZrLabel(tr(Text::GallerySmallHint)), 540);
     hint->setFont(ZrFont(fontUnits(13)), 0);
+    hint->setAlignment(Zr::AlignLeft | Zr::AlignVCenter);
     page.beginRow(Text::GalleryLabels, 100);
     auto *paragraph = page.add(new ZrLabel(tr(Text::GalleryLongText)), 540);
     paragraph->setWordWrap(true);
@@ -27,7 +29,7 @@ void fillLabels(GalleryPage &page)
     const ZrColor colors[] = {ZrColor(56, 160, 248), ZrColor(0, 176, 72), ZrColor(248, 184, 48)};
     int number = 0;
     for (const ZrColor &color : colors)
-        page.add(new LegendLabel(color, tr(Text::GalleryEntryNumber).arg(++number)), 160);
+        page.add(new LegendLabel(color, tr(Text::GalleryEntryNumber).arg(++number), &page), 160);
     page.beginRow(Text::GalleryTip);
     page.add(new ZrPushButton(tr(Text::GalleryTip)), 200)->setToolTip(tr(Text::GalleryTip));
 }

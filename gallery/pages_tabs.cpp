@@ -73,12 +73,12 @@ ZrWidget *tallPage()
 void fillTabs(GalleryPage &page)
 {
     page.beginRow(Text::GalleryLargeTitle, WndTitleBar::HeightUnits);
-    auto *header = page.add(new WndTitleBar, Wide);
+    auto *header = page.add(new WndTitleBar(&page), Wide);
     header->setPicture("images/settings.png");
     header->setTitle(tr(Text::Recorder));
     header->setHint(tr(Text::GallerySmallHint));
     page.beginRow(Text::GalleryLargeTitle, TitleBar::HeightUnits);
-    page.add(new TitleBar(tr(Text::GalleryLargeTitle)), Wide);
+    page.add(new TitleBar(tr(Text::GalleryLargeTitle), &page), Wide);
     page.beginRow(Text::GalleryTabs, 120);
     page.add(new Paged, Wide);
     page.beginRow(Text::GalleryTabs, 220);

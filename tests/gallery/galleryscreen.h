@@ -1,7 +1,7 @@
 // The gallery on a virtual screen, worked by keys.
 #pragma once
 
-#include "gallerywindow.h"
+#include "gallery/gallerywindow.h"
 #include "support/recorderscreen.h"
 #include "ui/input/keynavigation.h"
 

@@ -99,6 +99,7 @@ protected:
     bool operate(ZrWidget *widget);
 
     zrtest::SignalLog log;
+    int dialogsWalked = 0;
 };
 
 // Runs inside the loop of a dialog, which would wait for events for ever.
@@ -136,6 +137,7 @@ bool Walker::clicks(ZrAbstractButton *button)
         std::set<ZrWidget *> controls;
         collect(dialog, controls);
         Explorer inside(navigation, *screen, nullptr);
+        ++dialogsWalked;
         navigation.arrow(Direction::Down);
         EXPECT_TRUE(inside.explore([](ZrWidget *) {})) << nameOf(dialog);
         for (ZrWidget *control : controls)
@@ -242,4 +244,5 @@ TEST_F(Walker, ReachesAndWorksEveryControlAndComesOut)
             EXPECT_TRUE(explorer.hasReached(control)) << nameOf(control);
         ASSERT_TRUE(explorer.walkHome());
     }
+    EXPECT_EQ(dialogsWalked, SampleCount);
 }

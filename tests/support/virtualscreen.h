@@ -8,6 +8,7 @@
 #include <atomic>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -102,11 +103,10 @@ public:
     bool isOpaque(int x, int y) const { return pixel(x, y) & 0x8000; }
     std::vector<std::uint16_t> picture() const
     {
-        std::vector<std::uint16_t> all;
-        for (int y = 0; y < height_; ++y) {
-            for (int x = 0; x < width_; ++x)
-                all.push_back(pixel(x, y));
-        }
+        const std::size_t width = std::size_t(width_);
+        std::vector<std::uint16_t> all(width * std::size_t(height_));
+        for (std::size_t y = 0; y < std::size_t(height_); ++y)
+            std::memcpy(&all[y * width], pixels_.base() + y * pixels_.lineLength(), width * 2);
         return all;
     }
     // Pointer data as the mouse thread would post it.

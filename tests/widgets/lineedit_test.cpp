@@ -219,6 +219,16 @@ TEST_F(LineEdit, RepaintingAPartEqualsPaintingAll)
     }
 }
 
+TEST_F(LineEdit, AnEmptyFieldsCursorStandsWhereItsHintBegins)
+{
+    field->setHint(ZrString("name"));
+    EXPECT_EQ(field->cursorRect().left(), field->textRect().left());
+    field->setHint(ZrString("اسم"));
+    EXPECT_EQ(field->cursorRect().right(), field->textRect().right());
+    type("a");
+    EXPECT_LT(field->cursorRect().right(), field->width() / 2) << "the text's own side";
+}
+
 TEST_F(LineEdit, APasswordShowsItsLastCharacterBriefly)
 {
     field->setEchoMode(ZrLineEdit::Password);

@@ -46,6 +46,19 @@ protected:
 
 } // namespace
 
+TEST_F(TextEdit, BeginsAtTheSideOfItsScript)
+{
+    const int middle = area->width() / 2;
+    type("سلام");
+    EXPECT_GT(area->cursorRect().left(), middle);
+    const int end = area->cursorRect().left();
+    key(Zr::Key_Right);
+    EXPECT_GT(area->cursorRect().left(), end) << "arrows go where they point";
+    EXPECT_EQ(area->cursorPosition(), 3);
+    area->setText(ZrString("peace"));
+    EXPECT_LT(area->cursorRect().left(), middle);
+}
+
 TEST_F(TextEdit, KeysEditAndWalkLines)
 {
     const struct {

@@ -4,6 +4,7 @@
 #include <zrapplication>
 #include <zrthread>
 #include <zrwaitcondition>
+#include <zrwipe>
 
 ZrKeyManager *ZrKeyManager::instance_ = nullptr;
 
@@ -32,6 +33,7 @@ protected:
             while (GetAllKeyValue_StringLen(&string), string.length > 0)
                 ZrApplication::postEvent(receiver_,
                                          new DvrKeyEvent(ZrString(string.text, string.length)));
+            zrWipe(&string, sizeof string); // it may have been a password
         }
     }
     void wake() override

@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <set>
 
 namespace
 {
 
-constexpr std::size_t Completions = 8; // more would push the words for the beginning away
+constexpr std::streamoff MostBytes = 16 << 20; // no dictionary is larger
+constexpr std::size_t Completions = 8;         // more would push the words for the beginning away
 
 struct Weighted {
     std::string_view text;
@@ -60,8 +60,14 @@ private:
 
 PinyinDictionary::PinyinDictionary(const ZrString &path)
 {
-    std::ifstream file(path.toUtf8().constData(), std::ios::binary);
-    content_.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+    std::ifstream file(path.toUtf8().constData(), std::ios::binary | std::ios::ate);
+    const std::streamoff size = file.tellg();
+    if (size <= 0 || size > MostBytes)
+        return;
+    content_.resize(std::size_t(size));
+    file.seekg(0);
+    file.read(&content_[0], size);
+    content_.resize(std::size_t(std::max<std::streamsize>(0, file.gcount())));
     const std::string_view all = content_;
     for (std::size_t from = 0; from < all.size();) {
         const std::size_t end = std::min(all.find('\n', from), all.size());

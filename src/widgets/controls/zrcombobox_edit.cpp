@@ -101,11 +101,15 @@ bool ZrComboBox::editKey(const ZrKeyEvent &event)
 {
     switch (event.key()) {
     case Zr::Key_Left:
-    case Zr::Key_Right:
-        if (!edit_->step(event.key() == Zr::Key_Left ? -1 : 1, editLayout()))
+    case Zr::Key_Right: {
+        // Arrows go where they point.
+        const bool isFromRight = leadingAlignment(edit_->shown()) == Zr::AlignRight;
+        const bool isBack = (event.key() == Zr::Key_Left) != isFromRight;
+        if (!edit_->step(isBack ? -1 : 1, editLayout()))
             return false;
         update(textRect());
         return true;
+    }
     case Zr::Key_Backspace:
         if (edit_->backspace(editLayout()))
             edited();

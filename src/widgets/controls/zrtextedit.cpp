@@ -335,9 +335,11 @@ void ZrTextEdit::keyPressEvent(ZrKeyEvent *event)
         event->setAccepted(moveByLine(key == Zr::Key_Up ? -1 : 1));
     } else if (key == Zr::Key_Left || key == Zr::Key_Right) {
         const ZrRect place = cursorPlace();
-        const int target = key == Zr::Key_Left
-                               ? layout().clusterStart(std::max(0, before - 1))
-                               : before + std::max(1, layout().charCombinationNum(before));
+        // Arrows go where they point.
+        const bool isFromRight = leadingAlignment(editable_->shown()) == Zr::AlignRight;
+        const bool isBack = (key == Zr::Key_Left) != isFromRight;
+        const int target = isBack ? layout().clusterStart(std::max(0, before - 1))
+                                  : before + std::max(1, layout().charCombinationNum(before));
         update(place);
         setCursorPosition(target);
         event->setAccepted(cursorPosition() != before);

@@ -54,9 +54,12 @@ void drawIndicatorButton(ZrAbstractButton &button, const ZrIndicatorOption &grou
                                              spacing ? *spacing : 0, pixels);
     if (!parts.icon.isEmpty())
         drawIndicator(painter, parts.icon, box, group, button.isChecked());
+    // The ring's room is the text's too: marks of some scripts reach high and low.
+    const ZrRect line =
+        ZrRect::fromEdges(parts.text.left(), 0, parts.text.right(), button.height() - 1);
     if (!parts.text.isEmpty() && box.prepareText(painter))
-        drawOneLine(painter, parts.text, Zr::AlignLeft | Zr::AlignVCenter, button.text(),
-                    box.font(), pixels);
+        drawOneLine(painter, line, Zr::AlignLeft | Zr::AlignVCenter, button.text(), box.font(),
+                    pixels);
 }
 
 } // namespace

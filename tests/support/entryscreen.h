@@ -1,6 +1,7 @@
 // A virtual screen with the shipped font, a plain style and one window, for tests of what is typed.
 #pragma once
 
+#include "support/closepopups.h"
 #include "support/virtualscreen.h"
 #include "widgets/zrdesktop.h"
 #include "widgets/zrinstallwidgets.h"
@@ -46,6 +47,7 @@ public:
     }
     ~EntryScreen() override
     {
+        closePopups(*screen);
         window.reset();
         screen.reset();
         ZrStyle::applicationStyle() = ZrStyle();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "support/signallog.h"
+#include "support/closepopups.h"
 #include "support/virtualscreen.h"
 #include "ui/commonstyle.h"
 #include "ui/pictures.h"
@@ -51,6 +52,7 @@ public:
     }
     ~RecorderScreen() override
     {
+        closePopups(*screen);
         window.reset();
         screen.reset();
         ZrStyle::applicationStyle() = ZrStyle();

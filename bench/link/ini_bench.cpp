@@ -17,7 +17,8 @@ namespace
 
 constexpr int kLines = 1000;
 
-// As a style file: sections of some twenty keys with a path or a colour each. Gone with the process.
+// As a style file: sections of some twenty keys with a path or a colour each. Gone with the
+// process.
 class SampleFile
 {
 public:

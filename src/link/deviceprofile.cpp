@@ -164,7 +164,8 @@ void loadDeviceProfile(const char *path)
 
 void loadColorDefaults(uint32_t chipCode, const char *path)
 {
-    const ZrIniFile file = access(boardPath(path).c_str(), F_OK) == 0 ? ZrIniFile(path) : ZrIniFile();
+    const ZrIniFile file =
+        access(boardPath(path).c_str(), F_OK) == 0 ? ZrIniFile(path) : ZrIniFile();
     WireWriter record(Profile::ColorRecordSize);
     const ZrString section = Profile::colorSection(chipCode);
     for (auto key = Profile::colorKeysBegin(); key != Profile::colorKeysEnd(); ++key) {

@@ -68,9 +68,9 @@ void MainViewLayoutConfigDialog::makePager()
     previous_ = new IconButton({"images/page-previous.png", "images/page-previous-hover.png",
                                 "images/page-previous-disabled.png"},
                                this);
-    next_ = new IconButton({"images/page-next.png", "images/page-next-hover.png",
-                            "images/page-next-disabled.png"},
-                           this);
+    next_ = new IconButton(
+        {"images/page-next.png", "images/page-next-hover.png", "images/page-next-disabled.png"},
+        this);
     pageLabel_ = new ZrLabel(ZrString(), this);
     pageLabel_->setAlignment(Zr::AlignCenter);
     connect(previous_, &previous_->clicked, this,

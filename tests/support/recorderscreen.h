@@ -2,8 +2,8 @@
 // Needs the data folder: its targets are what the test program must depend on.
 #pragma once
 
-#include "support/signallog.h"
 #include "support/closepopups.h"
+#include "support/signallog.h"
 #include "support/virtualscreen.h"
 #include "ui/commonstyle.h"
 #include "ui/pictures.h"

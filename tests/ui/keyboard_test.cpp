@@ -198,7 +198,7 @@ TEST_F(Keyboards, ComposeInTheField)
         {28, "ㅎㅏㄴㄱㅡㄹ", "한글"},
         {28, "ㄷㅏㄹㄱㅣ", "달기"}, // the second final moves on
         {28, "ㅇㅏㄴㅈㄷㅏ", "앉다"},
-        {28, "ㅎㅏㄴ<", "하"},    // a key of the syllable at a time
+        {28, "ㅎㅏㄴ<", "하"},  // a key of the syllable at a time
         {28, "ㅎㅏㄴㄱ<<", ""}, // a syllable that is done goes whole
         {28, "ㅏㅣㅋㅋ", "ㅏㅣㅋㅋ"},
         {23, "a\u0301\u0300", "à"}, // the later tone

@@ -1,5 +1,5 @@
-#include "zrtool/glyph_store.h"
 #include "support/random_seed.h"
+#include "zrtool/glyph_store.h"
 
 #include <zrfontengine>
 #include <zrfontmetrics>

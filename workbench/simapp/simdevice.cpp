@@ -22,7 +22,7 @@ const char *const kNames[] = {"Gate north", "Gate south",  "Lobby",      "Car pa
 
 constexpr int kDarkAnalogChannel = 5;   // without signal
 constexpr int kConnectingIpChannel = 3; // counted among the IP channels
-constexpr uint8_t kVideoType1080 = 11; // of no signal family that names are marked with
+constexpr uint8_t kVideoType1080 = 11;  // of no signal family that names are marked with
 constexpr uint8_t kVideoStatusNoSignal = 4;
 constexpr uint32_t kEnglish = 4;
 constexpr uint8_t kSizeAlign = 2;

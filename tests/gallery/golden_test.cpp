@@ -1,4 +1,4 @@
-// The gallery's pictures beside those in tests/gallery/golden. One that differs is written beside
+// The gallery's pictures beside those in gallery/golden. One that differs is written beside
 // the golden one as NAME.new.png; to accept it, move it over.
 #include "shots.h"
 
@@ -19,7 +19,7 @@ namespace
 
 namespace fs = std::filesystem;
 
-const fs::path GoldenFolder = ZR_SOURCE_DIR "/tests/gallery/golden";
+const fs::path GoldenFolder = ZR_SOURCE_DIR "/gallery/golden";
 
 class GalleryGolden : public testing::Test
 {

@@ -8,11 +8,11 @@
 #include "ui/controls/linetextdisplayer.h"
 #include "ui/controls/numedits.h"
 #include "ui/controls/passwordedit.h"
+#include "ui/controls/textedit.h"
 #include "ui/controls/zripv6edit.h"
 #include "ui/text_ids.h"
 
 #include <zrspinbox>
-#include <zrtextedit>
 #include <zrtranslation>
 
 namespace
@@ -54,7 +54,7 @@ void fillEntry(GalleryPage &page)
     page.beginRow(Text::GalleryReadOnly, FieldHeight);
     page.add(new LineTextDisplayer, 2 * FieldWidth)->setText(tr(Text::GalleryLongText));
     page.beginRow(Text::GalleryEntry, 150);
-    page.add(new ZrTextEdit, 540)->setText(tr(Text::GalleryLongText));
+    page.add(new TextEdit, 540)->setText(tr(Text::GalleryLongText));
 }
 
 void fillKeyboards(GalleryPage &page)

@@ -33,9 +33,12 @@ bool PendingReplies::takeReply(uint32_t seqNumber, uint16_t mainType, uint16_t s
 {
     if (!stateList_.contains(seqNumber))
         return false;
+    // App numbers its own messages too: one of them may have the number, and come first.
     auto entry = replyMap_.find(seqNumber);
-    if (entry == replyMap_.end() || entry.value()->mainType() != mainType ||
-        entry.value()->subType() != subType)
+    while (entry != replyMap_.end() && entry.key() == seqNumber &&
+           (entry.value()->mainType() != mainType || entry.value()->subType() != subType))
+        ++entry;
+    if (entry == replyMap_.end() || entry.key() != seqNumber)
         return false;
     reply->reset(entry.value());
     replyMap_.erase(entry);

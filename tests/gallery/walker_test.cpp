@@ -16,7 +16,6 @@
 #include <zrslider>
 #include <zrspinbox>
 #include <zrtablewidget>
-#include <zrtextedit>
 
 namespace
 {
@@ -207,8 +206,6 @@ bool Walker::operate(ZrWidget *widget)
         return emitsOnEnter<'l'>(list, &list->itemClicked);
     if (auto *box = dynamic_cast<ZrGroupBox *>(widget))
         return emitsOnEnter<'g'>(box, &box->toggled);
-    if (auto *edit = dynamic_cast<ZrTextEdit *>(widget))
-        return emitsOnEnter<'t'>(edit, &edit->textChanged);
     if (auto *calendar = dynamic_cast<Calendar *>(widget))
         return emitsOnEnter<'d'>(calendar, &calendar->dayClicked);
     if (auto *tabs = dynamic_cast<TabBar *>(widget)) {

@@ -1,6 +1,7 @@
 #include "link/appcalls.h"
 #include "link/applink.h"
 #include "link/fakehost.h"
+#include "link/pendingreplies.h"
 #include "link/rawpeer.h"
 #include "support/deadline.h"
 
@@ -168,6 +169,32 @@ TEST_F(LinkTest, ARequestTakesItsReplyAndDeliversTheRestBehindItInOrder)
     EXPECT_EQ(posted[1].subType, 99);
     EXPECT_EQ(posted[2].sequence, 902u);
     EXPECT_EQ(posted[2].thread, std::this_thread::get_id());
+}
+
+TEST(PendingReplies, AMessageOfAppsOwnWithTheNumberDoesNotHideTheReply)
+{
+    const auto message = [](uint16_t mainType, uint16_t subType, uint32_t number) {
+        AppMsgHead head;
+        head.mainType = mainType;
+        head.subType = subType;
+        head.seqNumber = number;
+        uint8_t bytes[AppMsgHead::Size];
+        head.encode(bytes);
+        return AppMessage::allocate(bytes);
+    };
+    PendingReplies replies;
+    replies.begin();
+    ASSERT_TRUE(replies.enter(message(100, 2, 5)));
+    ASSERT_TRUE(replies.enter(message(1000, 104, 5)));
+    ASSERT_TRUE(replies.enter(message(100, 3, 6)));
+    Silence silence(1, [] {});
+    AppMessagePtr reply;
+    EXPECT_EQ(replies.waitFor(5, 1000, 104, &silence, &reply), PendingReplies::Wait::Found);
+    ASSERT_TRUE(reply);
+    EXPECT_EQ(reply->subType(), 104);
+    std::vector<int> rest;
+    replies.finish([&rest](AppMessagePtr other) { rest.push_back(other->subType()); });
+    EXPECT_EQ(rest, (std::vector<int>{2, 3}));
 }
 
 TEST_F(LinkTest, AReplyIsCutToTheCallersRecord)

@@ -11,6 +11,7 @@ inline std::mt19937 seededRandom()
     const unsigned seed =
         given ? unsigned(std::strtoul(given, nullptr, 0)) : std::random_device()();
     std::printf("ZR_SEED=%u\n", seed);
+    std::fflush(stdout); // a crash would lose it
     return std::mt19937(seed);
 }
 

@@ -1,5 +1,6 @@
 #include "entryfixture.h"
 
+#include "ui/controls/textedit.h"
 #include "ui/keyboard/composer.h"
 #include "ui/keyboard/hangulcomposer.h"
 #include "ui/keyboard/mackeyboard.h"
@@ -316,6 +317,33 @@ TEST_F(Keyboards, EnterPressesTheKeyTheArrowsStandOn)
     navigation.key(Zr::Key_Backspace);
     navigation.text(ZrString("5"));
     EXPECT_EQ(utf8(edit->text()), "qw5");
+}
+
+TEST_F(Keyboards, ServeATextOfManyLines)
+{
+    auto *edit = show(new TextEdit(window.get()), ZrRect(20, 20, 300, 80));
+    navigation.enter();
+    ASSERT_TRUE(keyboard()) << "by Enter";
+    EXPECT_FALSE(edit->cursorRect().isEmpty()) << "the keys are elsewhere";
+    EXPECT_TRUE(pressText(ZrString("q")));
+    EXPECT_TRUE(pressText(ZrString("w")));
+    EXPECT_TRUE(pressKey(KeyboardKey::Done));
+    EXPECT_FALSE(keyboard());
+    EXPECT_EQ(utf8(edit->text()), "qw") << "its Enter is no line";
+    screen->click(100, 40);
+    ASSERT_TRUE(keyboard()) << "by a click";
+    EXPECT_TRUE(pressText(ZrString("e")));
+    navigation.key(Zr::Key_Escape);
+    screen->settle();
+    EXPECT_FALSE(keyboard());
+    EXPECT_EQ(utf8(edit->text()), "qwe");
+    navigation.text(ZrString("5"));
+    navigation.enter();
+    EXPECT_FALSE(keyboard()) << "a real keyboard's Enter";
+    EXPECT_EQ(utf8(edit->text()), "qwe5\n");
+    edit->setReadOnly(true);
+    screen->click(100, 40);
+    EXPECT_FALSE(keyboard());
 }
 
 TEST_F(Keyboards, ThePointerPressesAndEraseRepeats)

@@ -5,7 +5,6 @@
 #include "ui/keyboard/keyboard.h"
 #include "ui/scale.h"
 #include "ui/stylefiles.h"
-#include "widgets/zrdesktop.h"
 
 #include <algorithm>
 #include <zrpainter>
@@ -83,8 +82,7 @@ void KeyboardField::clicked()
 void KeyboardField::hideEvent(ZrHideEvent *event)
 {
     ZrLineEdit::hideEvent(event);
-    auto *keyboard = dynamic_cast<Keyboard *>(ZrDesktop::activePopup());
-    if (isServed() && keyboard && keyboard->target() == this)
+    if (Keyboard *keyboard = Keyboard::servingOf(this))
         keyboard->close();
 }
 

@@ -1,12 +1,14 @@
 #include "ui/keyboard/keyboard.h"
 
 #include "ui/scale.h"
+#include "widgets/zrdesktop.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <zrapplication>
 #include <zrlineedit>
 #include <zrscreen>
+#include <zrtextedit>
 
 namespace
 {
@@ -40,7 +42,13 @@ Keyboard::Keyboard(ZrWidget *target) : target_(target)
 
 Keyboard::~Keyboard()
 {
-    stopServing();
+    tellServed(false);
+}
+
+Keyboard *Keyboard::servingOf(const ZrWidget *target)
+{
+    auto *open = dynamic_cast<Keyboard *>(ZrDesktop::activePopup());
+    return open && open->target() == target ? open : nullptr;
 }
 
 void Keyboard::open()
@@ -48,8 +56,7 @@ void Keyboard::open()
     if (!target_)
         return;
     placeBesideTarget();
-    if (auto *line = dynamic_cast<ZrLineEdit *>(target_.get()))
-        line->setServed(true);
+    tellServed(true);
     show();
 }
 
@@ -68,10 +75,12 @@ void Keyboard::placeBesideTarget()
                  std::clamp(y, 0, std::max(0, screen.height() - height()))));
 }
 
-void Keyboard::stopServing()
+void Keyboard::tellServed(bool served)
 {
     if (auto *line = dynamic_cast<ZrLineEdit *>(target_.get()))
-        line->setServed(false);
+        line->setServed(served);
+    else if (auto *text = dynamic_cast<ZrTextEdit *>(target_.get()))
+        text->setServed(served);
 }
 
 void Keyboard::targetGone()
@@ -83,7 +92,7 @@ void Keyboard::targetGone()
 void Keyboard::hideEvent(ZrHideEvent *)
 {
     repeatTimer_.stop();
-    stopServing();
+    tellServed(false);
 }
 
 // --- keys ---

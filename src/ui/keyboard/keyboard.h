@@ -25,6 +25,8 @@ public:
     // screen.
     void open();
     ZrWidget *target() const { return target_.get(); }
+    // The open keyboard that works for the widget; null: none.
+    static Keyboard *servingOf(const ZrWidget *target);
 
     const std::vector<KeyboardRow> &rows() const { return rows_; }
     // As a finger on it would; true when it was still there.
@@ -83,7 +85,7 @@ private:
     KeyboardLook::State stateOf(const Place &place) const;
     void repeat();
     void targetGone();
-    void stopServing();
+    void tellServed(bool served);
 
     ZrGuard<ZrWidget> target_;
     KeyboardLook look_;

@@ -254,11 +254,20 @@ void ZrTextEdit::setFont(const ZrFont &font, int index)
 
 void ZrTextEdit::restartCursor()
 {
-    cursorOn_ = hasFocus() && !readOnly_;
+    cursorOn_ = (hasFocus() || served_) && !readOnly_;
     if (cursorOn_)
         blinkTimer_.start(BlinkMs);
     else
         blinkTimer_.stop();
+}
+
+void ZrTextEdit::setServed(bool served)
+{
+    if (served == served_)
+        return;
+    served_ = served;
+    restartCursor();
+    update();
 }
 
 void ZrTextEdit::blink()
@@ -287,6 +296,8 @@ void ZrTextEdit::paintEvent(ZrPaintEvent *)
     const BoxModel box(*this, option);
     ZrPainter painter(this);
     box.draw(painter, rect());
+    if (served_)
+        box.drawRing(painter, rect());
     if (contentHeight() > textRect().height())
         drawScrollMark(painter);
     painter.setClipRegion(ZrRegion(textRect()));

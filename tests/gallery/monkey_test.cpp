@@ -63,6 +63,12 @@ public:
     Monkey(GalleryScreen &test, int events) : test_(test), left_(events) { callAgain(); }
     bool isDone() const { return left_ <= 0 && !ZrDesktop::modalWidget(); }
     int compared() const { return compared_; }
+    // The last act may have begun what opens a dialog later: stays to leave that too.
+    void linger()
+    {
+        lingering_ = LingeringRounds;
+        callAgain();
+    }
 
     void customEvent(ZrEvent *) override
     {
@@ -70,7 +76,7 @@ public:
         if (holdsStill_)
             return;
         // First, for an act may begin a loop of its own.
-        if (!isDone())
+        if (!isDone() || lingering_-- > 0)
             callAgain();
         if (resting_ > 0) {
             if (--resting_ == 0)
@@ -86,6 +92,7 @@ public:
 
 private:
     static constexpr int CompareEvery = 100;
+    static constexpr int LingeringRounds = 20;
     static constexpr int RestingRounds = 3; // until all that the last act has caused is done
     static constexpr int PatienceMs = 5000; // longer than any dialog of a page takes to answer
 
@@ -117,6 +124,7 @@ private:
     int left_;
     int compared_ = 0;
     int resting_ = 0;
+    int lingering_ = 0;
     bool called_ = false;     // an event of its own is on the way
     bool holdsStill_ = false; // while pictures are compared
 };
@@ -236,6 +244,7 @@ protected:
         Monkey monkey(*this, events);
         while (!monkey.isDone())
             screen->application().processEvents();
+        monkey.linger();
         screen->settle();
         while (ZrDesktop::activePopup()) {
             navigation.key(Zr::Key_Escape);

@@ -106,6 +106,9 @@ void Keyboard::setRows(std::vector<KeyboardRow> rows, float columns, int rowUnit
                   int(rows_.size()) * rowHeight + 2 * inset));
     placeKeys(columns, rowHeight);
     row_ = std::clamp(row_, 0, int(rows_.size()) - 1);
+    // The row of words is empty while there is nothing to choose from.
+    while (rows_[std::size_t(row_)].empty())
+        row_ = (row_ + 1) % int(rows_.size());
     column_ = std::clamp(column_, 0, int(rows_[std::size_t(row_)].size()) - 1);
     wishedX_ = -1;
     hovered_ = Place();

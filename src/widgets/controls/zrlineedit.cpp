@@ -368,8 +368,10 @@ void ZrLineEdit::repaintFrom(const View &before, int changedFrom)
     const ZrFontMetrics metrics = layout();
     const bool all = before.originX != originX_ || before.mayRunRightToLeft ||
                      mayRunRightToLeft(editable_->shown()) || before.empty != isEmpty();
+    // Marks of tall scripts stand out of the line, so whatever changes is as high as the field.
+    const ZrRect wholeHeight(area.left(), 0, area.width(), height());
     if (all) {
-        update(area);
+        update(wholeHeight);
         return;
     }
     // Letters may join the one before them.
@@ -377,9 +379,9 @@ void ZrLineEdit::repaintFrom(const View &before, int changedFrom)
     const int margin = overhang(textFont());
     const int left = area.left() + originX_;
     const int end = std::max(before.textWidth, metrics.sizeHint().width()) + cursorWidth();
-    const ZrRect changed = ZrRect::fromEdges(left + metrics.cursorPoint(from).x() - margin,
-                                             area.top(), left + end + margin, area.bottom());
-    update(ZrRegion(changed & area) + before.selection + ZrRegion(before.cursor));
+    const ZrRect changed = ZrRect::fromEdges(left + metrics.cursorPoint(from).x() - margin, 0,
+                                             left + end + margin, height() - 1);
+    update(ZrRegion(changed & wholeHeight) + before.selection + ZrRegion(before.cursor));
 }
 
 void ZrLineEdit::repaintMove(const View &before)

@@ -119,7 +119,7 @@ bool EditableText::insert(const ZrString &typed)
         refreshShown();
         // A mark would join the dot before it, which cannot be told apart from that dot's own.
         if (ZrFontMetrics(shown_, ZrFont()).clusterStart(shownFrom) != shownFrom)
-            changed(shownFrom);
+            changed(changedFrom_);
     }
     return true;
 }
@@ -195,6 +195,9 @@ EditableText::Units EditableText::fitting(const ZrUcs2 *text, int size, const Un
 
 void EditableText::changed(int from)
 {
+    // What was revealed is a dot again; the change begins there if that comes first.
+    if (revealed_ >= 0 && revealed_ < size())
+        from = std::min(from, toShown(revealed_));
     revealed_ = -1;
     changedFrom_ = from;
     refreshShown();

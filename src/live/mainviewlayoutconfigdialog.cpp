@@ -2,7 +2,6 @@
 
 #include "cameras/cameramodel.h"
 #include "gfx/fillring.h"
-#include "live/zrvideoscreen.h"
 #include "ui/controls/combobox.h"
 #include "ui/controls/iconbutton.h"
 #include "ui/dialogs/dialogframe.h"
@@ -55,7 +54,7 @@ void MainViewLayoutConfigDialog::makeBoxes(const ZrList<Choice> &choices)
 {
     for (int i = 0; i < places_.size(); ++i) {
         auto *box = new ComboBox(this);
-        box->addItem(tr(Text::None), NoChannel);
+        box->addItem(tr(Text::None), ZrVideoScreen::NoChannel);
         for (const Choice &choice : choices)
             box->addItem(choice.name, choice.channel);
         connect(box, &box->currentIndexChanged, this, zrSlot<&MainViewLayoutConfigDialog::chosen>);
@@ -141,7 +140,7 @@ void MainViewLayoutConfigDialog::chosen(ZrObject *sender)
     const int cell = firstCell() + int(box - boxes_.begin());
     const auto channel = std::uint8_t((*box)->currentData());
     const auto other = std::find(order_.begin(), order_.end(), channel);
-    if (channel != NoChannel && other != order_.end())
+    if (channel != ZrVideoScreen::NoChannel && other != order_.end())
         *other = order_.at(cell);
     order_[cell] = channel;
     showOrder();

@@ -2,7 +2,7 @@
 // drop box in each cell. A channel stands in one cell at the most.
 #pragma once
 
-#include "live/zrvideoscreenlayout.h"
+#include "live/zrvideoscreen.h"
 #include "ui/dialogs/dialogcontentbase.h"
 
 #include <cstdint>
@@ -12,20 +12,18 @@
 class ComboBox;
 class IconButton;
 class ZrLabel;
-class ZrVideoScreen;
 
 class MainViewLayoutConfigDialog : public DialogContentBase
 {
     ZR_OBJECT(MainViewLayoutConfigDialog, DialogContentBase)
 public:
-    static constexpr std::uint8_t NoChannel = 255;
-
     struct Choice {
         ZrString name;
         std::uint8_t channel;
     };
 
-    // `order` has the channel of each cell of all pages. The layout outlives the dialog.
+    // `order` has the channel of each cell of all pages, or ZrVideoScreen::NoChannel. The layout
+    // outlives the dialog.
     MainViewLayoutConfigDialog(const ZrVideoScreenLayout &layout,
                                const ZrVector<std::uint8_t> &order, const ZrList<Choice> &choices);
 

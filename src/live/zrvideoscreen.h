@@ -42,7 +42,8 @@ public:
     void setLayout(int index);
     // The split mode that the user chose, also while a cell fills the screen.
     const ZrVideoScreenLayout &userLayout() const { return *userLayout_; }
-    // The channel of each cell, 255 for none.
+    static constexpr std::uint8_t NoChannel = 255;
+    // The channel of each cell, or none.
     ZrVector<std::uint8_t> channelOrder() const;
     // A channel that is named twice stays at the first place, and one that is not named comes to
     // the first empty cell: no camera is lost from the live view.

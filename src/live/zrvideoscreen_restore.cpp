@@ -10,13 +10,6 @@
 
 using live::PreviewParam;
 
-namespace
-{
-
-constexpr std::uint8_t NoChannel = 255;
-
-} // namespace
-
 void ZrVideoScreen::applyPreviewRecord(WireReader record)
 {
     restored_ = true;

@@ -12,7 +12,7 @@ namespace
 
 constexpr int FourCells = 1;
 constexpr int SixCells = 2;
-constexpr std::uint8_t None = MainViewLayoutConfigDialog::NoChannel;
+constexpr std::uint8_t None = ZrVideoScreen::NoChannel;
 
 class LayoutConfig : public zrtest::RecorderScreen
 {

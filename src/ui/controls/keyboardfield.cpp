@@ -1,14 +1,13 @@
 #include "ui/controls/keyboardfield.h"
 
 #include "gfx/fillring.h"
-#include "link/startup.h"
 #include "ui/keyboard/keyboard.h"
+#include "ui/pictures.h"
 #include "ui/scale.h"
 #include "ui/stylefiles.h"
 
 #include <algorithm>
 #include <zrpainter>
-#include <zrpixmap>
 
 namespace
 {
@@ -20,12 +19,6 @@ constexpr float IconSide = 20;
 constexpr float IconGap = 8;
 constexpr float ErrorBorder = 2;
 constexpr int LeastIcons = 6; // a field narrower than so many icons has no room for one
-
-const ZrPixmap &keyboardIcon()
-{
-    static const ZrPixmap icon(resolveResourcePath(ZrString("images/edit-keyboard.png")));
-    return icon;
-}
 
 } // namespace
 
@@ -100,7 +93,7 @@ void KeyboardField::paintEvent(ZrPaintEvent *event)
         const int side = fontUnits(IconSide);
         painter.drawScaledPixmap(
             ZrRect(textRect().right() + 1 + unitsX(IconGap), (height() - side) / 2, side, side),
-            keyboardIcon());
+            picture("images/edit-keyboard.png"));
     }
     if (!error_)
         return;

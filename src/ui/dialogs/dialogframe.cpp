@@ -1,8 +1,8 @@
 #include "ui/dialogs/dialogframe.h"
 
 #include "gfx/fillring.h"
-#include "link/startup.h"
 #include "ui/controls/primarybutton.h"
+#include "ui/pictures.h"
 #include "ui/scale.h"
 #include "ui/stylefiles.h"
 #include "ui/text_ids.h"
@@ -41,7 +41,7 @@ DialogFrame::DialogFrame(DialogContentBase *content, const ZrString &title, int 
     }
     if (parts & TitleClose) {
         closeButton_ = makeButton(zrSlot<&DialogFrame::reject>);
-        closeButton_->setIcon(ZrPixmap(resolveResourcePath(ZrString("images/window-close.png"))));
+        closeButton_->setIcon(picture("images/window-close.png"));
         closeButton_->setIconSize(ZrSize(fontUnits(CloseIcon), fontUnits(CloseIcon)));
         ZrPushButtonOption &look = closeButton_->style().pushButtonOption();
         look.background.set(zrIndex(ZrVisualState::Normal), ZrColor());

@@ -1,8 +1,8 @@
 #include "ui/dialogs/msgbox.h"
 
-#include "link/startup.h"
 #include "ui/controls/primarybutton.h"
 #include "ui/dialogs/dialogframe.h"
+#include "ui/pictures.h"
 #include "ui/scale.h"
 #include "ui/stylefiles.h"
 #include "ui/text_ids.h"
@@ -65,8 +65,7 @@ const ButtonRow &rowOf(MsgBox::Button button)
 } // namespace
 
 MsgBox::MsgBox(const Request &request)
-    : sign_(resolveResourcePath(ZrString(Signs[int(request.sign)].image))),
-      label_(new ZrLabel(request.text, this))
+    : sign_(picture(Signs[int(request.sign)].image)), label_(new ZrLabel(request.text, this))
 {
     label_->setAlignment(Zr::AlignLeft | Zr::AlignVCenter);
     label_->setWordWrap(true);

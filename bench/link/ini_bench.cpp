@@ -2,13 +2,13 @@
 #include "link/deviceprofile.h"
 #include "link/profiledefaults.h"
 #include "support/aims.h"
+#include "support/samplefile.h"
 
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
 #include <cstring>
 #include <string>
-#include <unistd.h>
 #include <vector>
 #include <zrinifile>
 
@@ -17,37 +17,28 @@ namespace
 
 constexpr int kLines = 1000;
 
-// As a style file: sections of some twenty keys with a path or a colour each. Gone with the
-// process.
-class SampleFile
+// As a style file: sections of some twenty keys with a path or a colour each.
+std::string sampleStyle()
 {
-public:
-    SampleFile() : name_("/tmp/zrinibench" + std::to_string(getpid()) + ".ini")
-    {
-        FILE *file = fopen(name_.c_str(), "w");
-        for (int i = 0; i < kLines; ++i) {
-            if (i % 21 == 0)
-                fprintf(file, "[Widget%02d]\n", i * 7 % 48);
-            else if (i % 2)
-                fprintf(file, "Background/State%02d = \"rgb(%d,%d,%d)\"\n", i % 21, i % 256, 40,
-                        56);
-            else
-                fprintf(file, "Image/State%02d = images/button-%d.png ; comment\n", i % 21, i);
-        }
-        fclose(file);
+    std::string style;
+    char line[100];
+    for (int i = 0; i < kLines; ++i) {
+        if (i % 21 == 0)
+            snprintf(line, sizeof line, "[Widget%02d]\n", i * 7 % 48);
+        else if (i % 2)
+            snprintf(line, sizeof line, "Background/State%02d = \"rgb(%d,%d,%d)\"\n", i % 21,
+                     i % 256, 40, 56);
+        else
+            snprintf(line, sizeof line, "Image/State%02d = images/button-%d.png ; comment\n",
+                     i % 21, i);
+        style += line;
     }
-    ~SampleFile() { unlink(name_.c_str()); }
-    SampleFile(const SampleFile &) = delete;
-    SampleFile &operator=(const SampleFile &) = delete;
-    const char *name() const { return name_.c_str(); }
-
-private:
-    std::string name_;
-};
+    return style;
+}
 
 const char *sampleFile()
 {
-    static const SampleFile file;
+    static const zrbench::SampleFile file(sampleStyle(), ".ini");
     return file.name();
 }
 

@@ -1,50 +1,38 @@
 // The switch of the language beside TinyXML's bare parse of the same file.
 #include "support/aims.h"
+#include "support/samplefile.h"
 #include "widgets/languagefile.h"
 
 #include <benchmark/benchmark.h>
 
-#include <fstream>
 #include <string>
 #include <tinyxml.h>
-#include <unistd.h>
 
 namespace
 {
 
 constexpr int TextCount = 5'000;
 
-// As the shipped packages: one text a line, some of them long, an entity here and there. Gone with
-// the process.
-class SampleFile
+// As the shipped packages: one text a line, some of them long, an entity here and there.
+std::string samplePackage()
 {
-public:
-    SampleFile() : name_("/tmp/zrlanguagebench" + std::to_string(getpid()) + ".xml")
-    {
-        const char *const texts[] = {"Settings",
-                                     "Verbindung getrennt",
-                                     "%1 of %2",
-                                     "Нет сигнала на канале %1",
-                                     "录像计划 &amp; 抓图计划",
-                                     "The recorder will restart. Do you want to continue?"};
-        std::ofstream file(name_);
-        file << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<language name=\"sample\">\n";
-        for (int i = 0; i < TextCount; ++i)
-            file << "  <tr id=\"" << 100'000 + 3 * i << "\" text=\"" << texts[i % 6] << "\"/>\n";
-        file << "</language>\n";
-    }
-    ~SampleFile() { unlink(name_.c_str()); }
-    SampleFile(const SampleFile &) = delete;
-    SampleFile &operator=(const SampleFile &) = delete;
-    const char *name() const { return name_.c_str(); }
-
-private:
-    std::string name_;
-};
+    const char *const texts[] = {"Settings",
+                                 "Verbindung getrennt",
+                                 "%1 of %2",
+                                 "Нет сигнала на канале %1",
+                                 "录像计划 &amp; 抓图计划",
+                                 "The recorder will restart. Do you want to continue?"};
+    std::string package =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<language name=\"sample\">\n";
+    for (int i = 0; i < TextCount; ++i)
+        package += "  <tr id=\"" + std::to_string(100'000 + 3 * i) + "\" text=\"" + texts[i % 6] +
+                   "\"/>\n";
+    return package + "</language>\n";
+}
 
 const char *sampleFile()
 {
-    static const SampleFile file;
+    static const zrbench::SampleFile file(samplePackage(), ".xml");
     return file.name();
 }
 

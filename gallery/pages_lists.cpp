@@ -67,7 +67,7 @@ void fillLists(GalleryPage &page)
         box->setCurrentIndex(2);
     }
     page.beginRow(Text::GalleryLists, 36);
-    auto *edit = page.add(new ComboBox, FieldWidth);
+    auto *edit = page.add(new ComboBox, FieldWidth, "editable-combo");
     edit->addItem(entry(1));
     edit->addItem(entry(2));
     edit->setEditable(true);

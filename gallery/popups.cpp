@@ -13,6 +13,7 @@ const PopupKind Popups[] = {
     {"keyboards", "keyboard-text", "text"},
     {"numbers", "calendar", "date"},
     {"lists", "combo", "combo"},
+    {"lists", "editable-combo", "editable-combo"},
     {"lists", "menu", "menu"},
 };
 const int PopupCount = int(sizeof Popups / sizeof *Popups);

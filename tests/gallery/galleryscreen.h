@@ -8,7 +8,8 @@
 class GalleryScreen : public zrtest::RecorderScreen
 {
 public:
-    GalleryScreen()
+    explicit GalleryScreen(const ZrSize &size = ZrSize(Width, Height))
+        : zrtest::RecorderScreen(size)
     {
         window->hide();
         gallery = std::make_unique<GalleryWindow>();

@@ -48,9 +48,11 @@ std::string nameOf(const ZrWidget *widget)
            std::to_string(widget->geometry().top());
 }
 
-class Walker : public GalleryScreen
+class Walker : public GalleryScreen, public testing::WithParamInterface<ZrSize>
 {
 protected:
+    Walker() : GalleryScreen(GetParam()) {}
+
     ZrListWidget *menu() const
     {
         for (ZrObject *child : gallery->children())
@@ -217,7 +219,7 @@ bool Walker::operate(ZrWidget *widget)
 
 } // namespace
 
-TEST_F(Walker, ReachesAndWorksEveryControlAndComesOut)
+TEST_P(Walker, ReachesAndWorksEveryControlAndComesOut)
 {
     ZrListWidget *home = menu();
     ASSERT_TRUE(home);
@@ -243,3 +245,5 @@ TEST_F(Walker, ReachesAndWorksEveryControlAndComesOut)
     }
     EXPECT_EQ(dialogsWalked, SampleCount);
 }
+
+INSTANTIATE_TEST_SUITE_P(Sizes, Walker, testing::Values(ZrSize(1280, 720), ZrSize(1920, 1080)));

@@ -31,14 +31,15 @@ public:
     static constexpr int Width = 1280;
     static constexpr int Height = 720;
 
-    RecorderScreen() : folder_(std::filesystem::current_path())
+    explicit RecorderScreen(const ZrSize &size = ZrSize(Width, Height))
+        : folder_(std::filesystem::current_path())
     {
         std::filesystem::current_path(ZR_BINARY_DIR "/data");
         zrInstallGraphics();
         zrInstallWidgets();
         ZrApplication::parts().makePointer = nullptr;
-        screen = std::make_unique<VirtualScreen>(Width, Height);
-        setScreenScale(Width, Height);
+        screen = std::make_unique<VirtualScreen>(size.width(), size.height());
+        setScreenScale(size.width(), size.height());
         EXPECT_TRUE(ZrFontMetrics::setFontFile("font/yahei_arial_gothic_unicode.ttf", 5 << 20));
         forgetStyleFiles();
         forgetPictures();
@@ -46,7 +47,7 @@ public:
         ZrTranslation::createWithLanguage(&screen->application(), ZrTranslation::English);
         window = std::make_unique<ZrWidget>();
         window->setAttribute(ZrWidget::DeleteOnClose, false);
-        window->setGeometry(ZrRect(0, 0, Width, Height));
+        window->setGeometry(ZrRect(ZrPoint(0, 0), size));
         window->show();
         screen->settle();
     }

@@ -1,5 +1,6 @@
 #include "entryfixture.h"
 
+#include "ui/controls/combobox.h"
 #include "ui/controls/textedit.h"
 #include "ui/keyboard/composer.h"
 #include "ui/keyboard/hangulcomposer.h"
@@ -343,6 +344,40 @@ TEST_F(Keyboards, ServeATextOfManyLines)
     EXPECT_EQ(utf8(edit->text()), "qwe5\n");
     edit->setReadOnly(true);
     screen->click(100, 40);
+    EXPECT_FALSE(keyboard());
+}
+
+TEST_F(Keyboards, ServeAChoiceWhoseTextMayBeTyped)
+{
+    auto *box = show(new ComboBox(window.get()), Where);
+    box->addItem(ZrString("One"));
+    box->addItem(ZrString("Two"));
+    box->setEditable(true);
+    box->setCursorPosition(3);
+    navigation.enter();
+    screen->settle();
+    ASSERT_TRUE(box->isPopupVisible());
+    navigation.arrow(KeyNavigation::Direction::Down);
+    navigation.arrow(KeyNavigation::Direction::Down);
+    navigation.enter();
+    screen->settle();
+    ASSERT_TRUE(keyboard()) << "the row below the choices";
+    EXPECT_EQ(box->currentIndex(), 0) << "which is none of them";
+    EXPECT_FALSE(box->cursorRect().isEmpty()) << "the keys are elsewhere";
+    EXPECT_TRUE(pressText(ZrString("q")));
+    EXPECT_TRUE(pressKey(KeyboardKey::Done));
+    EXPECT_FALSE(keyboard());
+    EXPECT_FALSE(box->isPopupVisible()) << "its Enter opens nothing";
+    EXPECT_EQ(utf8(box->currentText()), "Oneq");
+    screen->click(Where.left() + box->textRect().left(), Where.center().y());
+    ASSERT_TRUE(keyboard()) << "by a click on the text";
+    EXPECT_EQ(box->cursorPosition(), 0);
+    box->hide();
+    EXPECT_FALSE(keyboard());
+    box->setEditable(false);
+    box->show();
+    screen->settle();
+    screen->click(Where.left() + box->textRect().left(), Where.center().y());
     EXPECT_FALSE(keyboard());
 }
 

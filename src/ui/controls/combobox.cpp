@@ -1,6 +1,9 @@
 #include "ui/controls/combobox.h"
 
+#include "ui/keyboard/textkeyboard.h"
+#include "ui/pictures.h"
 #include "ui/scale.h"
+#include "ui/text_ids.h"
 
 #include <zrtranslation>
 
@@ -39,4 +42,44 @@ ZrSize ComboBox::sizeHint() const
 int ComboBox::popupRowHeight() const
 {
     return unitsY(RowUnits);
+}
+
+// --- text that is typed ---
+
+ZrList<ZrListWidgetItem> ComboBox::extraRows() const
+{
+    ZrList<ZrListWidgetItem> rows;
+    if (!isEditable())
+        return rows;
+    ZrListWidgetItem keyboard(tr(Text::ScreenKeyboard));
+    keyboard.setIcon(picture("images/edit-keyboard.png"));
+    rows.append(keyboard);
+    return rows;
+}
+
+void ComboBox::extraRowChosen(int)
+{
+    openKeyboard();
+}
+
+void ComboBox::openKeyboard()
+{
+    if (!isServed())
+        (new TextKeyboard(this, TextKeyboard::Open))->open(); // deletes itself
+}
+
+void ComboBox::mouseReleaseEvent(ZrMouseEvent *event)
+{
+    const bool inText = isEditable() && textRect().contains(event->position());
+    if (event->button() != Zr::LeftButton || !inText)
+        return ZrComboBox::mouseReleaseEvent(event);
+    event->accept();
+    openKeyboard();
+}
+
+void ComboBox::hideEvent(ZrHideEvent *event)
+{
+    ZrComboBox::hideEvent(event);
+    if (Keyboard *keyboard = Keyboard::servingOf(this))
+        keyboard->close();
 }

@@ -1,5 +1,6 @@
 // The combo box of the screens: rows high enough for a shaky hand, and texts that follow the
-// language.
+// language. When its text may be typed, a keyboard on the screen opens by a click on the text, and
+// by the last row of the list.
 #pragma once
 
 #include <zrcombobox>
@@ -17,9 +18,14 @@ public:
 
 protected:
     int popupRowHeight() const override;
+    ZrList<ZrListWidgetItem> extraRows() const override;
+    void extraRowChosen(int row) override;
+    void mouseReleaseEvent(ZrMouseEvent *event) override;
+    void hideEvent(ZrHideEvent *event) override;
 
 private:
     void retranslate();
+    void openKeyboard();
 
     struct Row {
         int data;

@@ -6,9 +6,8 @@
 #include <algorithm>
 #include <cstdlib>
 #include <zrapplication>
-#include <zrlineedit>
 #include <zrscreen>
-#include <zrtextedit>
+#include <zrtextentry>
 
 namespace
 {
@@ -77,10 +76,8 @@ void Keyboard::placeBesideTarget()
 
 void Keyboard::tellServed(bool served)
 {
-    if (auto *line = dynamic_cast<ZrLineEdit *>(target_.get()))
-        line->setServed(served);
-    else if (auto *text = dynamic_cast<ZrTextEdit *>(target_.get()))
-        text->setServed(served);
+    if (auto *entry = dynamic_cast<ZrTextEntry *>(target_.get()))
+        entry->setServed(served);
 }
 
 void Keyboard::targetGone()
@@ -358,16 +355,8 @@ void Keyboard::typedOnKeyboard(const ZrString &text)
 void Keyboard::mousePressEvent(ZrMouseEvent *event)
 {
     event->accept();
-    if (!rect().contains(event->position())) {
-        auto *line = dynamic_cast<ZrLineEdit *>(target_.get());
-        const ZrPoint inField =
-            line ? line->mapFromGlobal(event->globalPosition()) : ZrPoint(-1, -1);
-        if (line && line->rect().contains(inField))
-            line->putCursor(inField);
-        else
-            close();
-        return;
-    }
+    if (!rect().contains(event->position()))
+        return pressedOutside(event->globalPosition());
     if (event->button() != Zr::LeftButton)
         return;
     const Place at = placeAt(event->position());
@@ -380,6 +369,16 @@ void Keyboard::mousePressEvent(ZrMouseEvent *event)
         return;
     repeatTimer_.start(RepeatDelayMs);
     press(at.row, at.column);
+}
+
+// In the field it moves the cursor.
+void Keyboard::pressedOutside(const ZrPoint &at)
+{
+    auto *entry = dynamic_cast<ZrTextEntry *>(target_.get());
+    if (entry && ZrRect(target_->mapToGlobal(ZrPoint(0, 0)), target_->size()).contains(at))
+        entry->putCursor(target_->mapFromGlobal(at));
+    else
+        close();
 }
 
 void Keyboard::mouseReleaseEvent(ZrMouseEvent *event)

@@ -83,6 +83,7 @@ private:
     void placeBesideTarget();
     void placeKeys(float columns, int rowHeight);
     KeyboardLook::State stateOf(const Place &place) const;
+    void pressedOutside(const ZrPoint &at);
     void repeat();
     void targetGone();
     void tellServed(bool served);

@@ -131,7 +131,9 @@ bool ZrComboBox::isPopupVisible() const
 
 void ZrComboBox::showPopup()
 {
-    if (isPopupVisible() || items_.isEmpty())
+    ZrList<ZrListWidgetItem> rows = items_;
+    rows += extraRows();
+    if (isPopupVisible() || rows.isEmpty())
         return;
     if (!popup_) {
         popup_ = std::make_unique<ZrInnerListWidget>();
@@ -140,7 +142,7 @@ void ZrComboBox::showPopup()
     }
     popup_->style() = style();
     popup_->setRowHeight(popupRowHeight());
-    popup_->setItems(items_);
+    popup_->setItems(rows);
     placePopup();
     popup_->setCurrentRow(current_);
     popup_->show();
@@ -153,8 +155,8 @@ void ZrComboBox::placePopup()
     const ZrRect screen = ZrApplication::instance()->desktopRect();
     const ZrRect control(mapToGlobal(ZrPoint(0, 0)), size());
     const ZrSize hint = popup_->contentsHint();
-    const int rows = std::min(count(), maxVisible_);
-    const int wanted = hint.height() - (count() - rows) * popup_->rowHeight();
+    const int rows = std::min(popup_->count(), maxVisible_);
+    const int wanted = hint.height() - (popup_->count() - rows) * popup_->rowHeight();
     const int below = screen.bottom() - control.bottom();
     const int above = control.top() - screen.top();
     const bool upward = wanted > below && above > below;
@@ -175,6 +177,8 @@ void ZrComboBox::chosen()
 {
     const ZrGuard<ZrComboBox> self(this);
     const int row = popup_->currentRow();
+    if (row >= count())
+        return extraRowChosen(row - count());
     if (row == current_)
         setEditText(itemText(row)); // what was typed gives way to the row it was typed over
     setCurrentIndex(row);
@@ -230,9 +234,11 @@ void ZrComboBox::keyPressEvent(ZrKeyEvent *event)
 {
     const bool enter = event->key() == Zr::Key_Enter;
     event->setAccepted(enter || (edit_ && editKey(*event)));
-    if (enter && isPopupVisible())
+    if (!enter || isServed())
+        return; // Enter on the screen's keyboard ends the entry
+    if (isPopupVisible())
         hidePopup();
-    else if (enter)
+    else
         showPopup();
 }
 
@@ -242,7 +248,7 @@ void ZrComboBox::mousePressEvent(ZrMouseEvent *event)
     if (!event->isAccepted())
         return;
     if (edit_ && textRect().contains(event->position()))
-        setCursorPosition(positionAt(event->position()));
+        putCursor(event->position());
     else
         showPopup();
 }

@@ -68,14 +68,14 @@ ZrPoint ZrComboBox::textOrigin() const
     const int spare = room - layout.sizeHint().width();
     const int line = ZrFontMetrics::lineHeight(BoxModel(*this, style().comboBox()).font());
     int left = leadingAlignment(edit_->shown()) == Zr::AlignRight ? std::max(0, spare) : 0;
-    if (spare < 0 && hasFocus())
+    if (spare < 0 && takesKeys())
         left = std::max(spare, std::min(0, room - layout.cursorPoint(edit_->cursor()).x()));
     return ZrPoint(area.left() + left, area.top() + (area.height() - line) / 2);
 }
 
 ZrRect ZrComboBox::cursorRect() const
 {
-    if (!edit_ || !hasFocus())
+    if (!takesKeys())
         return ZrRect();
     const ZrPoint origin = textOrigin();
     const int line = ZrFontMetrics::lineHeight(BoxModel(*this, style().comboBox()).font());
@@ -89,9 +89,10 @@ int ZrComboBox::cursorWidth() const
     return width ? *width : 1;
 }
 
-int ZrComboBox::positionAt(const ZrPoint &point) const
+void ZrComboBox::putCursor(const ZrPoint &at)
 {
-    return editLayout().positionAt(ZrPoint(point.x() - textOrigin().x(), 0));
+    if (edit_)
+        setCursorPosition(editLayout().positionAt(ZrPoint(at.x() - textOrigin().x(), 0)));
 }
 
 // --- keys ---

@@ -192,11 +192,8 @@ void ZrLineEdit::selectAll()
     setSelection(0, editable_->size());
 }
 
-void ZrLineEdit::setServed(bool served)
+void ZrLineEdit::servedChanged()
 {
-    if (served == served_)
-        return;
-    served_ = served;
     restartCursor();
     refit();
 }
@@ -530,7 +527,7 @@ void ZrLineEdit::focusInEvent(ZrFocusEvent *event)
 void ZrLineEdit::focusOutEvent(ZrFocusEvent *event)
 {
     ZrFrame::focusOutEvent(event);
-    if (!served_) {
+    if (!isServed()) {
         editable_->moveTo(cursorPosition(), layout());
         editable_->conceal();
     }

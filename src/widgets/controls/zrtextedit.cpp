@@ -254,18 +254,15 @@ void ZrTextEdit::setFont(const ZrFont &font, int index)
 
 void ZrTextEdit::restartCursor()
 {
-    cursorOn_ = (hasFocus() || served_) && !readOnly_;
+    cursorOn_ = (hasFocus() || isServed()) && !readOnly_;
     if (cursorOn_)
         blinkTimer_.start(BlinkMs);
     else
         blinkTimer_.stop();
 }
 
-void ZrTextEdit::setServed(bool served)
+void ZrTextEdit::servedChanged()
 {
-    if (served == served_)
-        return;
-    served_ = served;
     restartCursor();
     update();
 }
@@ -296,7 +293,7 @@ void ZrTextEdit::paintEvent(ZrPaintEvent *)
     const BoxModel box(*this, option);
     ZrPainter painter(this);
     box.draw(painter, rect());
-    if (served_)
+    if (isServed())
         box.drawRing(painter, rect());
     if (contentHeight() > textRect().height())
         drawScrollMark(painter);
@@ -378,10 +375,15 @@ void ZrTextEdit::mousePressEvent(ZrMouseEvent *event)
     if (event->button() != Zr::LeftButton)
         return;
     event->accept();
-    const ZrRect area = textRect();
     if (!readOnly_)
-        setCursorPosition(layout().positionAt(ZrPoint(
-            event->position().x() - area.left(), event->position().y() - area.top() + scroll_)));
+        putCursor(event->position());
+}
+
+void ZrTextEdit::putCursor(const ZrPoint &at)
+{
+    const ZrRect area = textRect();
+    setCursorPosition(
+        layout().positionAt(ZrPoint(at.x() - area.left(), at.y() - area.top() + scroll_)));
 }
 
 void ZrTextEdit::wheelEvent(ZrWheelEvent *event)

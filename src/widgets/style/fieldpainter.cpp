@@ -66,6 +66,8 @@ void ZrStyle::drawComboBox(ZrWidget *widget, const ZrComboBoxOption *option) con
               triangle ? triangle : box.chain().pick(group.foreground));
     const ZrRect room = combo->textRect();
     const ZrString text = combo->currentText();
+    if (combo->isServed())
+        box.drawRing(painter, widget->rect());
     if (!box.prepareText(painter))
         return;
     if (combo->isEditable()) {

@@ -47,6 +47,27 @@ StretchedRow ImageScaler::stretchedRow(int y)
     return row;
 }
 
+namespace
+{
+
+// (upper * (256 - lower) + bottom * lower) >> 16 of both 16-bit halves.
+uint32_t mixHalves(uint32_t upper, uint32_t bottom, uint32_t lower)
+{
+    const uint32_t rest = 256 - lower;
+    const uint32_t low = ((upper & 0xffff) * rest + (bottom & 0xffff) * lower) >> 16;
+    const uint32_t high = ((upper >> 16) * rest + (bottom >> 16) * lower) >> 16;
+    return high << 16 | low;
+}
+
+void sampleRow(uint32_t *to, StretchedRow upper, StretchedRow bottom, int lower, int count)
+{
+    for (int x = 0; x < count; ++x)
+        to[x] = mixHalves(upper.redBlue[x], bottom.redBlue[x], uint32_t(lower)) |
+                mixHalves(upper.greenAlpha[x], bottom.greenAlpha[x], uint32_t(lower)) << 8;
+}
+
+} // namespace
+
 template <class Word, class Mix>
 void ImageScaler::drawRows(const PixelBuffer<Word> &to, int left, int top, const ClipBox &visible,
                            Mix mix)
@@ -65,6 +86,11 @@ void ImageScaler::draw(const PixelBuffer<uint16_t> &to, int left, int top, const
 {
     drawRows(to, left, top, visible,
              isOpaque ? pixelKernels().scaledOpaque16 : pixelKernels().scaled16);
+}
+
+void ImageScaler::sample(const PixelBuffer<uint32_t> &to)
+{
+    drawRows(to, 0, 0, to.box(), sampleRow);
 }
 
 void ImageScaler::draw(const PixelBuffer<uint32_t> &to, int left, int top, const ClipBox &visible,

@@ -35,6 +35,8 @@ public:
               bool isOpaque);
     void draw(const PixelBuffer<uint32_t> &to, int left, int top, const ClipBox &visible,
               bool isOpaque);
+    // The samples themselves, over nothing: `to` is as large as the target.
+    void sample(const PixelBuffer<uint32_t> &to);
 
 private:
     template <class Word, class Mix>

@@ -1,6 +1,7 @@
 #include <zrimage>
 
 #include "gfx/imagereader.h"
+#include "gfx/imagescaler.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -143,6 +144,17 @@ uint8_t *ZrImage::bits()
         return nullptr;
     shared_->canvas->contentsChanged();
     return shared_->canvas->data();
+}
+
+ZrImage ZrImage::scaled(int width, int height) const
+{
+    ZrImage result(isNull() ? 0 : width, height);
+    if (result.isNull())
+        return result;
+    ImageScaler scaler({reinterpret_cast<const uint32_t *>(bits()), width_, height_, width_},
+                       ScaleAxis(0, width_, width, width_), ScaleAxis(0, height_, height, height_));
+    scaler.sample({reinterpret_cast<uint32_t *>(result.bits()), width, height, width});
+    return result;
 }
 
 const ZrCanvas *ZrImage::canvas() const

@@ -1,6 +1,7 @@
 #include "live/recordflagbox.h"
 
 #include "link/startup.h"
+#include "widgets/style/drawpicture.h"
 
 #include <algorithm>
 #include <iterator>
@@ -75,8 +76,9 @@ void RecordFlagBox::paintEvent(ZrPaintEvent *)
         const Icon &icon = Icons[i];
         if (!flags_[icon.flag] || image(i).isNull())
             continue;
-        painter.drawScaledPixmap(ZrRect(icon.column * width() / Columns, icon.row * height() / Rows,
-                                        width() / Columns, height() / Rows),
-                                 image(i));
+        drawPicture(painter,
+                    ZrRect(icon.column * width() / Columns, icon.row * height() / Rows,
+                           width() / Columns, height() / Rows),
+                    image(i));
     }
 }

@@ -21,28 +21,13 @@ constexpr int FewEvents = 1500;
 
 using Pixels = std::vector<std::uint16_t>;
 
-// Whether nothing but text and plain areas is painted there.
-bool isWithoutPictures(const ZrPoint &at)
-{
-    const ZrWidget *widget = ZrDesktop::widgetAt(at);
-    return widget && (widget->inherits("ZrTextEdit") || widget->inherits("ZrLabel") ||
-                      widget->inherits("TabBar") || widget->inherits("ZrProgressBar"));
-}
-
-// Pictures that are scaled come out differently along the edge of a part that is drawn alone. So
-// differences count where a row has more of them than a picture is wide, or where none can be.
 ZrRect difference(const Pixels &left, const Pixels &right)
 {
-    constexpr int PictureWidth = 32;
-    constexpr int Width = GalleryScreen::Width;
     ZrRect all;
-    for (int y = 0; y < GalleryScreen::Height; ++y)
-        for (int x = 0, run = 0; x < Width; ++x) {
-            const std::size_t at = std::size_t(y * Width + x);
-            run = left[at] == right[at] ? 0 : run + 1;
-            if (run > PictureWidth || (run > 0 && isWithoutPictures(ZrPoint(x, y))))
-                all = all | ZrRect(x - run + 1, y, run, 1);
-        }
+    for (std::size_t at = 0; at < left.size(); ++at)
+        if (left[at] != right[at])
+            all =
+                all | ZrRect(int(at) % GalleryScreen::Width, int(at) / GalleryScreen::Width, 1, 1);
     return all;
 }
 

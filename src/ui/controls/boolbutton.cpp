@@ -4,6 +4,7 @@
 #include "ui/pictures.h"
 #include "ui/scale.h"
 #include "widgets/style/boxmodel.h"
+#include "widgets/style/drawpicture.h"
 
 namespace
 {
@@ -45,7 +46,7 @@ void BoolButton::paintEvent(ZrPaintEvent *)
         ZrPoint(middle.x() - (size.width() - 1) / 2, middle.y() - (size.height() - 1) / 2), size);
     ZrPainter painter(this);
     if (!shown.isNull())
-        painter.drawScaledPixmap(place, shown);
+        drawPicture(painter, place, shown);
     if (!hasFocus())
         return;
     const int across = unitsX(AroundUnits);

@@ -5,6 +5,7 @@
 #include "ui/scale.h"
 #include "ui/stylefiles.h"
 #include "ui/text_ids.h"
+#include "widgets/style/drawpicture.h"
 
 #include <algorithm>
 #include <zrguard>
@@ -33,9 +34,10 @@ constexpr float TitleInset = 8;
 void drawIcon(ZrPainter &painter, const ZrRect &rect, const ZrPixmap &icon)
 {
     const int side = std::min(fontUnits(ArrowIcon), rect.height());
-    painter.drawScaledPixmap(ZrRect(rect.left() + (rect.width() - side) / 2,
-                                    rect.top() + (rect.height() - side) / 2, side, side),
-                             icon);
+    drawPicture(painter,
+                ZrRect(rect.left() + (rect.width() - side) / 2,
+                       rect.top() + (rect.height() - side) / 2, side, side),
+                icon);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "ui/pictures.h"
 #include "ui/scale.h"
 #include "widgets/style/boxmodel.h"
+#include "widgets/style/drawpicture.h"
 
 #include <algorithm>
 
@@ -62,7 +63,8 @@ void IconButton::paintEvent(ZrPaintEvent *)
         return;
     const ZrSize size = pictureSize(shown);
     const ZrPoint middle = room.center();
-    painter.drawScaledPixmap(
+    drawPicture(
+        painter,
         ZrRect(ZrPoint(middle.x() - (size.width() - 1) / 2, middle.y() - (size.height() - 1) / 2),
                size),
         shown);

@@ -5,6 +5,7 @@
 #include "ui/pictures.h"
 #include "ui/scale.h"
 #include "ui/stylefiles.h"
+#include "widgets/style/drawpicture.h"
 
 #include <algorithm>
 #include <zrpainter>
@@ -91,7 +92,8 @@ void KeyboardField::paintEvent(ZrPaintEvent *event)
     ZrPainter painter(this);
     if (trailingRoom() > 0) {
         const int side = fontUnits(IconSide);
-        painter.drawScaledPixmap(
+        drawPicture(
+            painter,
             ZrRect(textRect().right() + 1 + unitsX(IconGap), (height() - side) / 2, side, side),
             picture("images/edit-keyboard.png"));
     }

@@ -4,6 +4,7 @@
 #include "ui/scale.h"
 #include "ui/stylefiles.h"
 #include "widgets/style/buttonlayout.h"
+#include "widgets/style/drawpicture.h"
 #include "widgets/style/textdirection.h"
 
 #include <algorithm>
@@ -261,8 +262,9 @@ void Menu::paintItem(ZrPainter &painter, int index) const
         const ZrPixmap &drawn =
             current && !shown.hoverPicture.isNull() ? shown.hoverPicture : shown.picture;
         if (!drawn.isNull())
-            painter.drawScaledPixmap(
-                ZrRect(room.left(), place.top() + (place.height() - side) / 2, side, side), drawn);
+            drawPicture(painter,
+                        ZrRect(room.left(), place.top() + (place.height() - side) / 2, side, side),
+                        drawn);
         room.setLeft(room.left() + side + unitsX(GapUnits));
     }
     painter.setPen(look.foreground);

@@ -5,6 +5,7 @@
 #include "ui/scale.h"
 #include "ui/stylefiles.h"
 #include "widgets/style/buttonlayout.h"
+#include "widgets/style/drawpicture.h"
 
 #include <algorithm>
 #include <zrfontmetrics>
@@ -126,7 +127,7 @@ void WndTitleBar::paintEvent(ZrPaintEvent *event)
     const int line = std::max(1, unitsY(float(lineUnits_)));
     painter.fillRect(ZrRect(0, height() - line, width(), line), lineColor_);
     if (!picture_.isNull())
-        painter.drawScaledPixmap(pictureRect(), picture_);
+        drawPicture(painter, pictureRect(), picture_);
     const struct {
         const ZrString &text;
         ZrRect place;

@@ -6,6 +6,7 @@
 #include "ui/scale.h"
 #include "ui/stylefiles.h"
 #include "ui/text_ids.h"
+#include "widgets/style/drawpicture.h"
 
 #include <algorithm>
 #include <zrfontmetrics>
@@ -223,6 +224,7 @@ void MsgBox::paintEvent(ZrPaintEvent *)
     const int side = fontUnits(SignSide);
     const ZrRect text = label_->geometry();
     ZrPainter painter(this);
-    painter.drawScaledPixmap(
-        ZrRect(unitsX(MarginX), text.top() + (text.height() - side) / 2, side, side), sign_);
+    drawPicture(painter,
+                ZrRect(unitsX(MarginX), text.top() + (text.height() - side) / 2, side, side),
+                sign_);
 }

@@ -3,6 +3,7 @@
 #include "ui/pictures.h"
 #include "ui/scale.h"
 #include "ui/stylefiles.h"
+#include "widgets/style/drawpicture.h"
 
 #include <algorithm>
 #include <zrfontmetrics>
@@ -128,10 +129,10 @@ void KeyboardLook::drawCaption(ZrPainter &painter, const KeyboardKey &key,
 {
     if (key.icon) {
         const int side = std::min(fontUnits(IconSide), key.rect.height());
-        painter.drawScaledPixmap(ZrRect(key.rect.left() + (key.rect.width() - side) / 2,
-                                        key.rect.top() + (key.rect.height() - side) / 2, side,
-                                        side),
-                                 picture(key.icon));
+        drawPicture(painter,
+                    ZrRect(key.rect.left() + (key.rect.width() - side) / 2,
+                           key.rect.top() + (key.rect.height() - side) / 2, side, side),
+                    picture(key.icon));
         return;
     }
     painter.setFont(fontOf(key));

@@ -2,6 +2,7 @@
 
 #include "widgets/style/boxmodel.h"
 #include "widgets/style/buttonlayout.h"
+#include "widgets/style/drawpicture.h"
 #include "widgets/style/textdirection.h"
 
 #include <algorithm>
@@ -99,7 +100,7 @@ void ZrGroupBox::paintEvent(ZrPaintEvent *)
     if (const ZrPixmap *picture =
             box.chain().pick(checked_ ? style().checkBox().checked : style().checkBox().unchecked))
         if (!indicator.isEmpty())
-            painter.drawScaledPixmap(indicator, *picture);
+            drawPicture(painter, indicator, *picture);
     if (box.prepareText(painter))
         painter.drawText(ZrRect::fromEdges(left, head.top(), width() - 1, head.bottom()),
                          Zr::AlignLeft | Zr::AlignVCenter, title_);

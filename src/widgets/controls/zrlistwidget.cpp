@@ -2,7 +2,7 @@
 
 #include "widgets/style/boxmodel.h"
 #include "widgets/style/buttonlayout.h"
-#include "widgets/style/fadedpicture.h"
+#include "widgets/style/drawpicture.h"
 #include "widgets/style/textdirection.h"
 
 #include <algorithm>
@@ -251,9 +251,11 @@ void ZrListWidget::paintRow(ZrPainter &painter, int row)
     ZrRect room = place.adjusted(padding, 0, -padding, 0);
     if (!item.icon().isNull()) {
         const int side = rowHeight() * IconPercent / 100;
-        painter.drawScaledPixmap(
-            ZrRect(room.left(), place.top() + (place.height() - side) / 2, side, side),
-            look.usable ? item.icon() : fadedPicture(item.icon()));
+        const ZrRect square(room.left(), place.top() + (place.height() - side) / 2, side, side);
+        if (look.usable)
+            drawPicture(painter, square, item.icon());
+        else
+            drawFadedPicture(painter, square, item.icon());
         room.setLeft(room.left() + side + padding);
     }
     if (!look.foreground || room.isEmpty())

@@ -1,5 +1,7 @@
 #include "widgets/style/boxmodel.h"
 
+#include "widgets/style/drawpicture.h"
+
 #include <zrframe>
 #include <zrnamespace>
 
@@ -22,7 +24,7 @@ ZrRect BoxModel::draw(ZrPainter &painter, const ZrRect &rect) const
     drawBackground(painter, rect);
     const ZrRect box = margin().inside(rect);
     if (const ZrPixmap *image = chain_.pick(group_.image))
-        painter.drawScaledPixmap(box, *image);
+        drawPicture(painter, box, *image);
     drawBorder(painter, box);
     drawFocusRing(painter, box);
     return inner().inside(box);

@@ -3,7 +3,7 @@
 
 #include "widgets/style/boxmodel.h"
 #include "widgets/style/buttonlayout.h"
-#include "widgets/style/fadedpicture.h"
+#include "widgets/style/drawpicture.h"
 #include "widgets/style/stylepainter.h"
 
 #include <zrfontmetrics>
@@ -25,7 +25,7 @@ void drawIndicator(ZrPainter &painter, const ZrRect &rect, const BoxModel &box,
                    const ZrIndicatorOption &group, bool checked)
 {
     if (const ZrPixmap *image = box.chain().pick(checked ? group.checked : group.unchecked)) {
-        painter.drawScaledPixmap(rect, *image);
+        drawPicture(painter, rect, *image);
         return;
     }
     const ZrColor *color = box.chain().pick(group.foreground);
@@ -79,9 +79,10 @@ void ZrStyle::drawPushButton(ZrWidget *widget, const ZrPushButtonOption *option)
     const IconAndText parts =
         layIconAndText(contents, box.alignment(), hasIcon ? button->iconSize() : ZrSize(0, 0),
                        spacing ? *spacing : 0, pixels);
-    if (!parts.icon.isEmpty())
-        painter.drawScaledPixmap(parts.icon, button->isEnabled() ? button->icon()
-                                                                 : fadedPicture(button->icon()));
+    if (button->isEnabled())
+        drawPicture(painter, parts.icon, button->icon());
+    else
+        drawFadedPicture(painter, parts.icon, button->icon());
     if (!parts.text.isEmpty() && box.prepareText(painter))
         drawOneLine(painter, parts.text, Zr::AlignLeft | Zr::AlignVCenter, button->text(),
                     box.font(), pixels);

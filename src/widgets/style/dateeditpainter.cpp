@@ -2,6 +2,7 @@
 #include <zrstyle>
 
 #include "widgets/style/boxmodel.h"
+#include "widgets/style/drawpicture.h"
 #include "widgets/style/stylepainter.h"
 
 #include <zrdateedit>
@@ -21,9 +22,10 @@ void ZrStyle::drawDateEdit(ZrWidget *widget, const ZrDateEditOption *group) cons
     const ZrRect arrow = edit->arrowRect();
     if (const ZrPixmap *picture = box.chain().pick(option.downArrow)) {
         const int side = ZrFontMetrics::lineHeight(box.font());
-        painter.drawScaledPixmap(ZrRect(arrow.left() + (arrow.width() - side) / 2,
-                                        arrow.top() + (arrow.height() - side) / 2, side, side),
-                                 *picture);
+        drawPicture(painter,
+                    ZrRect(arrow.left() + (arrow.width() - side) / 2,
+                           arrow.top() + (arrow.height() - side) / 2, side, side),
+                    *picture);
     }
     contents.setRight(arrow.left() - 1);
     if (box.prepareText(painter))

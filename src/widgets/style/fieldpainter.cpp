@@ -2,6 +2,7 @@
 #include <zrstyle>
 
 #include "widgets/style/boxmodel.h"
+#include "widgets/style/drawpicture.h"
 #include "widgets/style/stylepainter.h"
 #include "widgets/style/textdirection.h"
 
@@ -38,8 +39,8 @@ void drawArrow(ZrPainter &painter, const ZrRect &box, int side, Points points,
 {
     const ZrPoint middle = box.center();
     if (picture)
-        painter.drawScaledPixmap(ZrRect(middle.x() - side / 2, middle.y() - side / 2, side, side),
-                                 *picture);
+        drawPicture(painter, ZrRect(middle.x() - side / 2, middle.y() - side / 2, side, side),
+                    *picture);
     else if (color)
         drawTriangle(painter, box, points, *color);
 }

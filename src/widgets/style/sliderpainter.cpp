@@ -2,6 +2,7 @@
 #include <zrstyle>
 
 #include "widgets/style/boxmodel.h"
+#include "widgets/style/drawpicture.h"
 #include "widgets/style/stylepainter.h"
 
 #include <algorithm>
@@ -56,7 +57,7 @@ void ZrStyle::drawSlider(ZrWidget *widget, const ZrSliderOption *option) const
     if (const ZrColor *color = widget->isEnabled() ? box.chain().pick(group.subPage) : nullptr)
         painter.fillRect(subPageOf(*control, groove, handle), *color);
     if (const ZrPixmap *picture = box.chain().pick(group.handle))
-        painter.drawScaledPixmap(handle, *picture);
+        drawPicture(painter, handle, *picture);
     else if (const ZrColor *color = box.chain().pick(group.subPage))
         painter.fillRect(handle, *color);
 }

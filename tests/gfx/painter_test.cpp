@@ -270,6 +270,23 @@ TEST(Painter, ScaledPiecesStayAligned)
         EXPECT_NEAR(whole.at(x, 3) >> 10 & 31, pieces.at(x, 3) >> 10 & 31, 1) << x;
 }
 
+// So that who keeps the scaled image may paint it in pieces.
+TEST(Painter, AScaledImageIsWhatDrawingScaledGives)
+{
+    for (const ZrSize &from : {ZrSize(1, 1), ZrSize(1, 9), ZrSize(20, 3), ZrSize(24, 24)})
+        for (const ZrSize &to : {ZrSize(1, 1), ZrSize(16, 16), ZrSize(24, 24), ZrSize(57, 2)}) {
+            const ZrImage image = gradient(from.width(), from.height());
+            Device drawn, kept;
+            ZrPainter(&drawn).drawScaledPixmap(ZrRect(ZrPoint(2, 3), to), image);
+            ZrPainter(&kept).drawPixmap(2, 3, to.width(), to.height(),
+                                        image.scaled(to.width(), to.height()));
+            EXPECT_EQ(drawn.pixels(), kept.pixels()) << from.width() << "->" << to.width();
+        }
+    EXPECT_TRUE(ZrImage().scaled(4, 4).isNull());
+    EXPECT_TRUE(gradient(4, 4).scaled(0, 4).isNull());
+    EXPECT_TRUE(gradient(4, 4).scaled(4, ZrImage::maxSide + 1).isNull());
+}
+
 TEST(Painter, ImagesBeyondTheDeviceAreNamed)
 {
     Device device;

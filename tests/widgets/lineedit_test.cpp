@@ -194,7 +194,8 @@ TEST_F(LineEdit, RepaintsOnlyFromTheChange)
 
 TEST_F(LineEdit, RepaintingAPartEqualsPaintingAll)
 {
-    const char *const texts[] = {"abc", "ffi fi", "क्षत्रि", "ที่นี่", "abc שלום 12", "سلام"};
+    const char *const texts[] = {"abc",         "ffi fi", "क्षत्रि", "ที่นี่",
+                                 "abc שלום 12", "سلام",   "kี่ี่",     "Zี่\u0301"};
     for (const char *text : texts) {
         field->setText(ZrString());
         const ZrString all(text);

@@ -18,6 +18,17 @@ int overhang(const ZrFont &font)
     return ZrFontMetrics::lineHeight(font) / 4;
 }
 
+// Where a change from that position on may begin to show. Letters may join the one before them, and
+// marks that stand alone take no room: they are drawn over what is before them.
+int shownFrom(const ZrFontMetrics &layout, int changedFrom)
+{
+    const int x = layout.cursorPoint(changedFrom).x();
+    int from = layout.clusterStart(std::max(0, changedFrom - 1));
+    while (from > 0 && layout.cursorPoint(from).x() >= x)
+        from = layout.clusterStart(from - 1);
+    return from;
+}
+
 // The side that the first cluster stands at tells the direction of the whole.
 bool runsRightToLeft(const ZrString &shown, const ZrFontMetrics &layout)
 {
@@ -371,8 +382,7 @@ void ZrLineEdit::repaintFrom(const View &before, int changedFrom)
         update(wholeHeight);
         return;
     }
-    // Letters may join the one before them.
-    const int from = metrics.clusterStart(std::max(0, changedFrom - 1));
+    const int from = shownFrom(metrics, changedFrom);
     const int margin = overhang(textFont());
     const int left = area.left() + originX_;
     const int end = std::max(before.textWidth, metrics.sizeHint().width()) + cursorWidth();

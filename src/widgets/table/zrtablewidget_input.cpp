@@ -54,6 +54,8 @@ void ZrTableWidget::makeCurrent(int row, int column, Scroll scroll)
             updateCell(oldRow, oldColumn);
         if (column >= 0)
             updateCell(row, column);
+        if (hasFocus() && (oldColumn < 0) != (column < 0))
+            update(); // the ring goes from the cell to the table, or back
     }
     const ZrGuard<ZrTableWidget> self(this);
     if (!none && scroll != Scroll::No)

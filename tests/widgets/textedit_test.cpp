@@ -127,8 +127,10 @@ TEST_F(TextEdit, RepaintsOnlyTheParagraphAndEqualsPaintingAll)
     repainted();
     type("x");
     EXPECT_LT(repainted().height(), 90) << "of 120, with the line above";
-    const char *const typed[] = {"a", " longer words that wrap to more lines", "\n", "ที่นี่", "שלום",
-                                 "b"};
+    const char *const typed[] = {"a",    " longer words that wrap to more lines",
+                                 "\n",   "ที่นี่",
+                                 "มุุุุุ",    "é\u0301\u0301\u0301",
+                                 "שלום", "b"};
     for (const char *text : typed) {
         area->insert(ZrString(text));
         for (int i = 0; i < 2; ++i) {

@@ -13,6 +13,7 @@ namespace
 constexpr int BlinkMs = 500;
 constexpr int LinesPerNotch = 3;
 constexpr int WheelNotch = 120;
+constexpr int ReachShare = 2; // of a line: how far marks may stand out of it, above and below
 constexpr int HintLines = 4;
 constexpr int HintCharacters = 30;
 
@@ -139,12 +140,13 @@ void ZrTextEdit::repaintFrom(int changedFrom, int heightBefore)
 {
     const ZrRect area = textRect();
     const int origin = area.top() - scroll_;
-    const int top = origin + layout().cursorPoint(changedFrom).y() - lineHeight();
+    const int reach = lineHeight() / ReachShare;
+    const int top = origin + layout().cursorPoint(changedFrom).y() - lineHeight() - reach;
     int bottom = area.bottom();
     if (contentHeight() == heightBefore) {
         const int lineEnd = editable_->shown().indexOf('\n', editable_->cursor());
         const int last = lineEnd < 0 ? editable_->size() : lineEnd;
-        bottom = origin + layout().cursorPoint(last).y() + lineHeight();
+        bottom = origin + layout().cursorPoint(last).y() + lineHeight() + reach;
     }
     update(ZrRect::fromEdges(0, top, width() - 1, bottom) & rect());
 }
@@ -297,10 +299,10 @@ void ZrTextEdit::paintEvent(ZrPaintEvent *)
         box.drawRing(painter, rect());
     if (contentHeight() > textRect().height())
         drawScrollMark(painter);
-    painter.setClipRegion(ZrRegion(textRect()));
     if (!box.prepareText(painter))
         return;
     drawLines(painter);
+    painter.setClipRegion(ZrRegion(textRect()));
     if (cursorOn_)
         painter.fillRect(cursorPlace(), *box.chain().pick(option.foreground));
 }
@@ -309,10 +311,16 @@ void ZrTextEdit::drawLines(ZrPainter &painter) const
 {
     const ZrRect area = textRect();
     const int line = lineHeight();
+    const int reach = line / ReachShare;
+    const int ascent = ZrFontMetrics::ascent(textFont());
     for (const ZrPaintInfo &info : layout().paintInfoList()) {
         const int foot = info.y - scroll_;
-        if (foot >= 0 && foot - 2 * line <= area.height())
-            painter.drawGlyphs(area.left() + info.x, area.top() + foot, info.glyphs);
+        if (foot < 0 || foot - 2 * line > area.height())
+            continue;
+        const int top = area.top() + foot - ascent;
+        painter.setClipRegion(
+            ZrRegion(ZrRect(area.left(), top - reach, area.width(), line + 2 * reach) & area));
+        painter.drawGlyphs(area.left() + info.x, area.top() + foot, info.glyphs);
     }
 }
 

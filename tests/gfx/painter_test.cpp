@@ -217,27 +217,6 @@ TEST(Painter, FrameLiesAcrossTheEdge)
     EXPECT_EQ(device.count(kRedWord), 22 * 12 - 16 * 6);
 }
 
-TEST(Painter, RoundedRectKeepsItsTwoExtraRows)
-{
-    Device device;
-    ZrPainter painter(&device);
-    painter.drawRoundedRect(ZrRect(10, 10, 40, 30), 8, 8, ZrBrush(kRed));
-    EXPECT_EQ(device.at(10, 20), kRedWord);
-    EXPECT_EQ(device.at(9, 20), 0);
-    EXPECT_EQ(device.at(49, 20), kRedWord);
-    EXPECT_EQ(device.at(50, 20), 0);
-    EXPECT_EQ(device.at(10, 10), 0) << "corner";
-    EXPECT_EQ(device.at(49, 39), 0) << "corner";
-    EXPECT_EQ(device.at(30, 10), kRedWord);
-    EXPECT_EQ(device.at(30, 41), kRedWord);
-    EXPECT_EQ(device.at(30, 42), 0);
-    EXPECT_EQ(device.at(18, 41), kRedWord);
-    EXPECT_EQ(device.at(17, 41), 0);
-    for (int y = 11; y < 40; ++y)
-        for (int x = 10; x < 30; ++x)
-            ASSERT_EQ(device.at(x, y), device.at(59 - x, y)) << x << ", " << y;
-}
-
 TEST(Painter, PicturesAreCutNotScaled)
 {
     Device device;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 
 namespace
 {
@@ -81,20 +82,14 @@ void ReferenceCanvas::plot(int x, int y, uint32_t argb)
 {
     if (argb >> 24 == 0)
         return;
-    if (state.penWidth <= 1) {
-        if (inClip(x, y))
-            put(x, y, argb);
-        return;
-    }
-    for (int py = y - state.penWidth / 2, rows = state.penWidth; rows > 0; --rows, ++py) {
-        for (int px = x - state.penWidth / 2, columns = state.penWidth; columns > 0;
-             --columns, ++px)
+    const int width = std::max(state.penWidth, 1), left = x - width / 2, top = y - width / 2;
+    for (int py = top; py < top + width; ++py)
+        for (int px = left; px < left + width; ++px)
             if (inClip(px, py))
                 put(px, py, argb);
-    }
 }
 
-void ReferenceCanvas::line(float x1, float y1, float x2, float y2, uint32_t argb)
+void ReferenceCanvas::drawLine(float x1, float y1, float x2, float y2, uint32_t argb)
 {
     const int fx1 = fixed(x1) + 31, fy1 = fixed(y1) + 31, fx2 = fixed(x2) + 31,
               fy2 = fixed(y2) + 31;
@@ -118,7 +113,7 @@ void ReferenceCanvas::plotPair(bool alongX, int major, int64_t minor, uint32_t a
     plot(alongX ? major : m + 1, alongX ? m + 1 : major, uint32_t(second * unsigned(weight) >> 6));
 }
 
-void ReferenceCanvas::smoothLine(float x1, float y1, float x2, float y2, uint32_t argb)
+void ReferenceCanvas::drawSmoothLine(float x1, float y1, float x2, float y2, uint32_t argb)
 {
     const Walk w = walkOf(fixed(x1), fixed(y1), fixed(x2), fixed(y2));
     int64_t minor = (int64_t(w.minorStart - 32) * 1024) - (((w.start & 63) - 32) * w.step >> 6);
@@ -126,7 +121,7 @@ void ReferenceCanvas::smoothLine(float x1, float y1, float x2, float y2, uint32_
         plotPair(w.alongX, i, minor, argb, 64);
 }
 
-void ReferenceCanvas::dotLine(float x1, float y1, float x2, float y2, uint32_t argb)
+void ReferenceCanvas::drawDotLine(float x1, float y1, float x2, float y2, uint32_t argb)
 {
     const Walk w = walkOf(fixed(x1), fixed(y1), fixed(x2), fixed(y2));
     const int first = w.start >> 6, last = w.end >> 6;
@@ -156,7 +151,7 @@ void ReferenceCanvas::four(int cx, int cy, int x, int y, uint32_t argb)
     plot(cx - x, cy - y, argb);
 }
 
-void ReferenceCanvas::circle(int cx, int cy, int r)
+void ReferenceCanvas::drawCircle(int cx, int cy, int r)
 {
     int x = 0, y = r - 1, d = 1 - r;
     while (y >= x) {
@@ -173,7 +168,7 @@ void ReferenceCanvas::circle(int cx, int cy, int r)
     }
 }
 
-void ReferenceCanvas::ellipse(int cx, int cy, int rx, int ry)
+void ReferenceCanvas::drawEllipse(int cx, int cy, int rx, int ry)
 {
     if (rx < 1 || ry < 1)
         return;
@@ -219,9 +214,9 @@ void ReferenceCanvas::curve(const ZrPointF *p, int depth)
                     x2 = float(arcX_) + float(fixed(p[3].x())) / 64,
                     y2 = float(arcY_) + float(fixed(p[3].y())) / 64;
         if (state.antialias)
-            smoothLine(x1, y1, x2, y2, state.penColor);
+            drawSmoothLine(x1, y1, x2, y2, state.penColor);
         else
-            line(x1, y1, x2, y2, state.penColor);
+            drawLine(x1, y1, x2, y2, state.penColor);
         return;
     }
     ZrPointF row[4] = {p[0], p[1], p[2], p[3]}, left[4], right[4];
@@ -235,7 +230,7 @@ void ReferenceCanvas::curve(const ZrPointF *p, int depth)
     curve(right, depth - 1);
 }
 
-void ReferenceCanvas::arc(int x, int y, int w, int h, int start, int span)
+void ReferenceCanvas::drawArc(int x, int y, int w, int h, int start, int span)
 {
     arcX_ = x;
     arcY_ = y;
@@ -270,7 +265,7 @@ void ReferenceCanvas::fillEllipse(int cx, int cy, int rx, int ry)
             --dx;
         for (int side = dy == 0 ? 1 : -1; side <= 1; side += 2) {
             const float y = float(cy - side * dy);
-            line(float(cx - dx), y, float(cx + dx + 1), y, state.brushColor);
+            drawLine(float(cx - dx), y, float(cx + dx + 1), y, state.brushColor);
         }
     }
 }
@@ -329,19 +324,22 @@ void ReferenceCanvas::fillRegion(const ZrRegion &region, const ZrColor &colour)
                     at(x, y) = opaqueWord(colour.argb()) & (colour.alpha() ? 0xffff : 0x7fff);
 }
 
-void ReferenceCanvas::image(int x, int y, int w, int h, const ReferenceImage &image, int sx, int sy,
-                            int sw, int sh)
+void ReferenceCanvas::drawImage(int x, int y, int w, int h, const ZrImage &image, int sx, int sy,
+                                int sw, int sh)
 {
-    if (sx >= image.width || sy >= image.height || x >= width_ || y >= height_)
+    if (sx >= image.width() || sy >= image.height() || x >= width_ || y >= height_)
         return;
-    sw = std::min(sw, image.width - sx);
-    sh = std::min(sh, image.height - sy);
+    sw = std::min(sw, image.width() - sx);
+    sh = std::min(sh, image.height() - sy);
     w = std::min(w, width_ - x);
     h = std::min(h, height_ - y);
     auto pixel = [&](int px, int py) {
-        px = std::min(px, image.width - 1);
-        py = std::min(py, image.height - 1);
-        return image.pixels[size_t(py) * size_t(image.width) + size_t(px)];
+        uint32_t rgba;
+        std::memcpy(&rgba,
+                    image.bits() + 4 * (std::min(py, image.height() - 1) * image.width() +
+                                        std::min(px, image.width() - 1)),
+                    4);
+        return rgba;
     };
     const bool isCopy = sw == w && sh == h;
     const int stepX = w > 1 ? ((sw - 1) << 16) / (w - 1) : 0;
@@ -372,7 +370,7 @@ void ReferenceCanvas::image(int x, int y, int w, int h, const ReferenceImage &im
     }
 }
 
-void ReferenceCanvas::glyphs(int x, int y, const ZrVector<const GlyphBitmap *> &glyphs)
+void ReferenceCanvas::drawGlyphs(int x, int y, const ZrVector<const GlyphBitmap *> &glyphs)
 {
     if (glyphs.isEmpty() || state.font.pointSize == 0)
         return;

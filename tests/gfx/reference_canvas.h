@@ -4,15 +4,10 @@
 
 #include <zrabstractcanvas>
 #include <zrfontengine>
+#include <zrimage>
 
 #include <cstdint>
-#include <functional>
 #include <vector>
-
-struct ReferenceImage {
-    int width, height;
-    std::vector<uint32_t> pixels; // bytes red, green, blue, alpha
-};
 
 class ReferenceCanvas
 {
@@ -27,23 +22,23 @@ public:
     ZrCanvasState state;
     std::vector<uint32_t> pixels; // words of the format
 
-    void line(float x1, float y1, float x2, float y2, uint32_t argb);
-    void smoothLine(float x1, float y1, float x2, float y2, uint32_t argb);
-    void dotLine(float x1, float y1, float x2, float y2, uint32_t argb);
-    void circle(int cx, int cy, int radius);
-    void ellipse(int cx, int cy, int rx, int ry);
-    void arc(int x, int y, int w, int h, int start, int span);
+    // As the canvases' own.
+    void drawLine(float x1, float y1, float x2, float y2, uint32_t argb);
+    void drawSmoothLine(float x1, float y1, float x2, float y2, uint32_t argb);
+    void drawDotLine(float x1, float y1, float x2, float y2, uint32_t argb);
+    void drawCircle(int cx, int cy, int radius);
+    void drawEllipse(int cx, int cy, int rx, int ry);
+    void drawArc(int x, int y, int w, int h, int start, int span);
+    void drawGlyphs(int x, int y, const ZrVector<const GlyphBitmap *> &glyphs);
+    void drawImage(int x, int y, int w, int h, const ZrImage &image, int sx, int sy, int sw,
+                   int sh);
     void fillRect(const ZrRect &rect);
+    void fillCircle(int cx, int cy, int radius) { fillEllipse(cx, cy, radius, radius); }
     void fillEllipse(int cx, int cy, int rx, int ry);
     void fillArc(int x, int y, int w, int h, int start, int span);
     void fillRegion(const ZrRegion &region, const ZrColor &colour);
-    void image(int x, int y, int w, int h, const ReferenceImage &image, int sx, int sy, int sw,
-               int sh);
-    void glyphs(int x, int y, const ZrVector<const GlyphBitmap *> &glyphs);
 
 private:
-    using Span = std::function<void(int major, int64_t minor)>;
-
     uint32_t &at(int x, int y) { return pixels[size_t(y) * size_t(width_) + size_t(x)]; }
     bool inClip(int x, int y) const;
     uint32_t opaqueWord(uint32_t argb) const;

@@ -1,6 +1,6 @@
 // What the painter makes of the primitives, as pictures compared pixel by pixel with
 // tests/gfx/golden. One that differs is written beside the golden one as NAME.new.png; to accept
-// it, move it over. The primitives themselves are held against their formulas in canvas_test.cpp.
+// it, move it over. canvas_test.cpp holds the canvas against its formulas.
 #include "gfx/encode.h"
 
 #include <zrfbcanvas>
@@ -41,19 +41,43 @@ ZrImage icon()
 }
 
 const Golden kGoldens[] = {
+    {"lines",
+     [](ZrPainter &p) {
+         p.drawLine(5, 5, 150, 30);
+         p.drawDotLine(ZrPoint(5, 15), ZrPoint(150, 45));
+         p.setAntialiasing(true);
+         p.drawLine(150, 60, 5, 30);
+         p.setPen(ZrPen(kGlass, 4));
+         p.drawDotLine(ZrPoint(40, 95), ZrPoint(60, 5));
+         p.drawLine(5, 90, 150, 70);
+     }},
     {"circles",
      [](ZrPainter &p) {
-         p.drawCircle(40, 50, 30);
+         for (int radius = 0; radius < 32; ++radius)
+             p.drawCircle(2 + radius * 5, 30, radius);
          p.setBrush(kGlass);
-         p.drawCircle(70, 50, 30);
+         p.drawCircle(40, 65, 30);
          p.setPen(ZrPen(kGlass, 5));
-         p.drawCircle(110, 50, 34);
+         p.drawCircle(110, 60, 34);
+     }},
+    {"ellipses",
+     [](ZrPainter &p) {
+         p.setBrush(kGlass);
+         p.drawEllipse(50, 30, 45, 20);
+         p.drawEllipse(120, 50, 12, 45);
+         p.setPen(ZrPen(kInk, 3));
+         p.drawEllipse(50, 75, 30, 18);
+         p.setAntialiasing(true);
+         p.drawEllipse(110, 50, 40, 25);
      }},
     {"arcs",
      [](ZrPainter &p) {
-         for (int i = 0; i < 6; ++i)
-             p.drawArc(4 + i * 26, 10, 24, 36, i * 47, 60 + i * 50);
-         p.setAntialiasing(true);
+         // More than are kept, and the same ones smooth.
+         for (bool smooth : {false, true}) {
+             p.setAntialiasing(smooth);
+             for (int i = 0; i < 40; ++i)
+                 p.drawArc(4 + i * 3, smooth ? 40 : 2, 2 * i, i + 8, i * 50 - 400, 400 - i * 21);
+         }
          p.setPen(ZrPen(kInk, 3));
          for (int i = 0; i < 3; ++i)
              p.drawArc(4 + i * 52, 54, 48, 40, 30 + i * 60, -80 - i * 90);

@@ -151,23 +151,6 @@ void ReferenceCanvas::four(int cx, int cy, int x, int y, uint32_t argb)
     plot(cx - x, cy - y, argb);
 }
 
-void ReferenceCanvas::drawCircle(int cx, int cy, int r)
-{
-    int x = 0, y = r - 1, d = 1 - r;
-    while (y >= x) {
-        four(cx, cy, x, y, state.penColor);
-        four(cx, cy, y, x, state.penColor);
-        const int oldX = x, oldY = y;
-        if (d >= 0) {
-            d += (oldX - oldY) * 2 + 5;
-            y = oldY - 1;
-        } else {
-            d += oldX * 2 + 3;
-        }
-        x = oldX + 1;
-    }
-}
-
 void ReferenceCanvas::drawEllipse(int cx, int cy, int rx, int ry)
 {
     if (rx < 1 || ry < 1)
@@ -199,49 +182,6 @@ void ReferenceCanvas::drawEllipse(int cx, int cy, int rx, int ry)
             d += 2 * b2 * x - 2 * a2 * y + a2;
         }
     }
-}
-
-void ReferenceCanvas::curve(const ZrPointF *p, int depth)
-{
-    const float dx = p[3].x() - p[0].x(), dy = p[3].y() - p[0].y();
-    const float near = (std::fabs(dx) + std::fabs(dy)) * 0.25f;
-    const float d1 = std::fabs(dx * (p[0].y() - p[1].y()) - dy * (p[0].x() - p[1].x()));
-    const float d2 = std::fabs(dx * (p[0].y() - p[2].y()) - dy * (p[0].x() - p[2].x()));
-    if (depth == 0 || (d1 < near && d2 < near)) {
-        // Points lie on 64ths of a pixel from the corner of the box.
-        const float x1 = float(arcX_) + float(fixed(p[0].x())) / 64,
-                    y1 = float(arcY_) + float(fixed(p[0].y())) / 64,
-                    x2 = float(arcX_) + float(fixed(p[3].x())) / 64,
-                    y2 = float(arcY_) + float(fixed(p[3].y())) / 64;
-        if (state.antialias)
-            drawSmoothLine(x1, y1, x2, y2, state.penColor);
-        else
-            drawLine(x1, y1, x2, y2, state.penColor);
-        return;
-    }
-    ZrPointF row[4] = {p[0], p[1], p[2], p[3]}, left[4], right[4];
-    for (int i = 0; i < 4; ++i) {
-        left[i] = row[0];
-        right[3 - i] = row[3 - i];
-        for (int k = 0; k < 3 - i; ++k)
-            row[k] = (row[k] + row[k + 1]) * 0.5f;
-    }
-    curve(left, depth - 1);
-    curve(right, depth - 1);
-}
-
-void ReferenceCanvas::drawArc(int x, int y, int w, int h, int start, int span)
-{
-    arcX_ = x;
-    arcY_ = y;
-    const int m = (state.penWidth + 1) / 2 + (state.antialias ? 1 : 0);
-    ZrPointF points[13];
-    int count = 0;
-    points[0] = ZrAbstractCanvas::qt_curves_for_arc(
-        {float(m), float(m), float(w - 2 * state.penWidth), float(h - 2 * state.penWidth)},
-        float(start), float(span), points + 1, &count);
-    for (int i = 0; i < count; i += 3)
-        curve(points + i, 6);
 }
 
 void ReferenceCanvas::fillRect(const ZrRect &rect)

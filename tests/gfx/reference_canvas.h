@@ -22,13 +22,12 @@ public:
     ZrCanvasState state;
     std::vector<uint32_t> pixels; // words of the format
 
-    // As the canvases' own.
+    // As the canvases' own. Circles and arcs are walked here as there, which would tell nothing:
+    // they are golden pictures.
     void drawLine(float x1, float y1, float x2, float y2, uint32_t argb);
     void drawSmoothLine(float x1, float y1, float x2, float y2, uint32_t argb);
     void drawDotLine(float x1, float y1, float x2, float y2, uint32_t argb);
-    void drawCircle(int cx, int cy, int radius);
     void drawEllipse(int cx, int cy, int rx, int ry);
-    void drawArc(int x, int y, int w, int h, int start, int span);
     void drawGlyphs(int x, int y, const ZrVector<const GlyphBitmap *> &glyphs);
     void drawImage(int x, int y, int w, int h, const ZrImage &image, int sx, int sy, int sw,
                    int sh);
@@ -47,9 +46,7 @@ private:
     void plot(int x, int y, uint32_t argb);
     void plotPair(bool alongX, int major, int64_t minor, uint32_t argb, int weight);
     void four(int cx, int cy, int x, int y, uint32_t argb);
-    void curve(const ZrPointF *points, int depth);
 
     int width_, height_;
-    int arcX_ = 0, arcY_ = 0;
     Format format_;
 };

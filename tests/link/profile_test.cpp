@@ -240,39 +240,49 @@ struct Sent {
     std::vector<std::pair<int, size_t>> order; // sub types and lengths
 };
 
-Sent loadBeside(const char *path)
+class ProfileSent : public testing::Test
 {
-    RawPeer peer;
-    AppLink link(peer.path());
-    appUseLink(&link);
-    link.start(nullptr);
-    peer.accept();
-    auto app = std::async(std::launch::async, [&] {
-        Sent sent;
-        for (int i = 0; i < 4; ++i) {
-            const auto message = peer.receive();
-            sent.order.emplace_back(message.head.subType, message.body.size());
-            if (message.head.subType == 4)
-                sent.profile = message.body;
-            else if (message.head.subType == 10)
-                sent.defaults = message.body;
-            else if (message.head.subType == 3)
-                peer.reply(message, Bytes(Profile::ParametersSize, 0x33));
-            else
-                peer.reply(message, Bytes(100000, 0x44)); // more than there is room for
-        }
-        return sent;
-    });
-    testing::internal::CaptureStdout();
-    loadDeviceProfile(path);
-    const Sent sent = app.get();
-    testing::internal::GetCapturedStdout();
-    link.stop();
-    appUseLink(nullptr);
-    return sent;
-}
+protected:
+    ProfileSent()
+    {
+        appUseLink(&link);
+        link.start(nullptr);
+        peer.accept();
+    }
+    ~ProfileSent() override
+    {
+        link.stop();
+        appUseLink(nullptr);
+    }
+    Sent load(const char *path)
+    {
+        auto app = std::async(std::launch::async, [&] {
+            Sent sent;
+            for (int i = 0; i < 4; ++i) {
+                const auto message = peer.receive();
+                sent.order.emplace_back(message.head.subType, message.body.size());
+                if (message.head.subType == 4)
+                    sent.profile = message.body;
+                else if (message.head.subType == 10)
+                    sent.defaults = message.body;
+                else if (message.head.subType == 3)
+                    peer.reply(message, Bytes(Profile::ParametersSize, 0x33));
+                else
+                    peer.reply(message, Bytes(100000, 0x44)); // more than there is room for
+            }
+            return sent;
+        });
+        testing::internal::CaptureStdout();
+        loadDeviceProfile(path);
+        testing::internal::GetCapturedStdout();
+        return app.get();
+    }
 
-TEST(Profile, IsExchangedInTheSameOrderWhateverTheFileSays)
+    RawPeer peer;
+    AppLink link{peer.path()};
+};
+
+TEST_F(ProfileSent, IsExchangedInTheSameOrderWhateverTheFileSays)
 {
     const TemporaryFile noModel("[DeviceType]\nType=1\n[CustomFuncs]\nFactoryConfigMask=1\n");
     const std::vector<std::pair<int, size_t>> order = {{4, 613760}, {3, 0}, {14, 0}, {10, 611276}};
@@ -283,7 +293,7 @@ TEST(Profile, IsExchangedInTheSameOrderWhateverTheFileSays)
                       {noModel.path(), false},
                       {"/nonexistent/custom-config.ini", false}};
     for (const auto &row : rows) {
-        const Sent sent = loadBeside(row.path);
+        const Sent sent = load(row.path);
         EXPECT_EQ(sent.order, order) << row.path;
         // The parameter part is empty in the first message, App's in the second.
         EXPECT_EQ(std::count(sent.profile.begin() + 2480, sent.profile.end(), 0), 611280);
@@ -296,17 +306,12 @@ TEST(Profile, IsExchangedInTheSameOrderWhateverTheFileSays)
     EXPECT_EQ(std::count(deviceCustomPart().bytes, deviceCustomPart().bytes + 2480, 0), 2480);
 }
 
-TEST(Profile, ColourDefaultsComeFromTheSectionOfTheChip)
+TEST_F(ProfileSent, ColourDefaultsComeFromTheSectionOfTheChip)
 {
     const TemporaryFile file("[Color_AHD_6134]\nNormalColorDefaultVal=1,2,3,4,5\n"
                              "CVI800WColorDefaultVal=\"6, 7, 8, 9, 10\"\n"
                              "TVI800WColorDefaultVal=1,2,3,4\n"
                              "[Color_NORMAL]\nNormalColorDefaultVal=9,9,9,9,9\n");
-    RawPeer peer;
-    AppLink link(peer.path());
-    appUseLink(&link);
-    link.start(nullptr);
-    peer.accept();
     loadColorDefaults(7, file.path());
     loadColorDefaults(1, file.path());
     const auto known = peer.receive(), other = peer.receive();
@@ -318,8 +323,6 @@ TEST(Profile, ColourDefaultsComeFromTheSectionOfTheChip)
     }
     EXPECT_EQ(known.body, expected);
     EXPECT_EQ(other.body[0], 9);
-    link.stop();
-    appUseLink(nullptr);
     EXPECT_STREQ(Profile::colorSection(3), "Color_TVI_2823/2853");
     EXPECT_STREQ(Profile::colorSection(17), "Color_TVI_2831");
     EXPECT_STREQ(Profile::colorSection(4), "Color_NORMAL");

@@ -149,23 +149,23 @@ TEST(VideoGrid, LinesAreAlignedGrowAndStayInside)
     }
 }
 
-TEST(VideoGrid, InnerLinesRoundUpAndTheLastOneDown)
+TEST(VideoGrid, InnerLinesGoToTheNearestAndTheLastOneDown)
 {
-    VideoGridMetrics metrics;
-    metrics.displaySize = ZrSize(1366, 768);
-    metrics.screenSize = ZrSize(1366, 768);
-    metrics.positionAlign = 4;
-    metrics.sizeAlign = 8;
-    const GridLines lines = gridLines(0, 1366, 4, 1.0f, metrics);
-    // 341.5, 683 and 1024.5 go down to a multiple of 4; 1366 goes to 1364, which stands.
-    const int expected[] = {0, 340, 680, 1024, 1364};
-    for (int i = 0; i <= 4; ++i)
-        EXPECT_EQ(lines.display.at(i), expected[i]) << i;
-
-    metrics.positionAlign = 16;
-    metrics.sizeAlign = 16;
-    const GridLines coarse = gridLines(0, 1366, 4, 1.0f, metrics);
-    const int expectedCoarse[] = {0, 336, 688, 1024, 1360};
-    for (int i = 0; i <= 4; ++i)
-        EXPECT_EQ(coarse.display.at(i), expectedCoarse[i]) << i;
+    const struct {
+        int positionAlign, sizeAlign;
+        std::vector<int> lines;
+    } rows[] = {
+        // 341.5, 683 and 1024.5 go down to a multiple of 4; 1366 goes to 1364, which stands.
+        {4, 8, {0, 340, 680, 1024, 1364}},
+        {16, 16, {0, 336, 688, 1024, 1360}},
+    };
+    for (const auto &row : rows) {
+        VideoGridMetrics metrics;
+        metrics.displaySize = metrics.screenSize = ZrSize(1366, 768);
+        metrics.positionAlign = row.positionAlign;
+        metrics.sizeAlign = row.sizeAlign;
+        const GridLines lines = gridLines(0, 1366, 4, 1.0f, metrics);
+        EXPECT_EQ(std::vector<int>(lines.display.begin(), lines.display.end()), row.lines)
+            << row.positionAlign;
+    }
 }

@@ -90,26 +90,41 @@ protected:
     const std::string board_;
 };
 
+// A screenshot that the program wrote.
+class Shot
+{
+public:
+    explicit Shot(const std::string &path)
+    {
+        image_.version = PNG_IMAGE_VERSION;
+        if (!png_image_begin_read_from_file(&image_, path.c_str()))
+            return;
+        image_.format = PNG_FORMAT_RGB;
+        pixels_.resize(PNG_IMAGE_SIZE(image_));
+        png_image_finish_read(&image_, nullptr, pixels_.data(), 0, nullptr);
+    }
+    std::pair<int, int> size() const { return {image_.width, image_.height}; }
+    int pixel(int x, int y) const
+    {
+        const uint8_t *at = &pixels_.at(3 * (size_t(y) * image_.width + size_t(x)));
+        return at[0] << 16 | at[1] << 8 | at[2];
+    }
+
+private:
+    png_image image_ = {};
+    std::vector<uint8_t> pixels_;
+};
+
 TEST_F(ProgramTest, WritesWhatAMonitorWouldShow)
 {
     for (const auto &size : {std::make_pair(1280, 720), std::make_pair(1920, 1080)}) {
-        const std::string shot = folder_ + "/shot.png";
+        const std::string path = folder_ + "/shot.png";
         const std::string text = std::to_string(size.first) + "x" + std::to_string(size.second);
-        ASSERT_EQ(wait(start({"--size", text, "--screenshot", shot})), 0) << file("/err");
-        png_image image = {};
-        image.version = PNG_IMAGE_VERSION;
-        ASSERT_TRUE(png_image_begin_read_from_file(&image, shot.c_str()));
-        ASSERT_EQ(int(image.width), size.first);
-        ASSERT_EQ(int(image.height), size.second);
-        image.format = PNG_FORMAT_RGB;
-        std::vector<uint8_t> pixels(PNG_IMAGE_SIZE(image));
-        png_image_finish_read(&image, nullptr, pixels.data(), 0, nullptr);
-        const auto pixel = [&](int x, int y) {
-            const uint8_t *at = pixels.data() + 3 * (size_t(y) * image.width + size_t(x));
-            return at[0] << 16 | at[1] << 8 | at[2];
-        };
-        EXPECT_EQ(pixel(99, 300), 0xFF0000);  // the interface's frame
-        EXPECT_EQ(pixel(100, 100), 0x2C2820); // the plane under its hole
+        ASSERT_EQ(wait(start({"--size", text, "--screenshot", path})), 0) << file("/err");
+        const Shot shot(path);
+        ASSERT_EQ(shot.size(), size);
+        EXPECT_EQ(shot.pixel(99, 300), 0xFF0000);  // the interface's frame
+        EXPECT_EQ(shot.pixel(100, 100), 0x2C2820); // the plane under its hole
         EXPECT_FALSE(fs::exists(board_));
     }
 }
@@ -118,21 +133,14 @@ TEST_F(ProgramTest, AScriptClicksWhereItSays)
 {
     std::ofstream(folder_ + "/script")
         << "await 100 0\nsettle\nclick 640 360\nclick 1179 110\nsettle\n";
-    ASSERT_EQ(wait(start({"--size", "1280x720", "--script", folder_ + "/script", "--screenshot",
-                          folder_ + "/shot.png"})),
-              0)
+    const std::string path = folder_ + "/shot.png";
+    ASSERT_EQ(
+        wait(start({"--size", "1280x720", "--script", folder_ + "/script", "--screenshot", path})),
+        0)
         << file("/err");
-    png_image image = {};
-    image.version = PNG_IMAGE_VERSION;
-    ASSERT_TRUE(png_image_begin_read_from_file(&image, (folder_ + "/shot.png").c_str()));
-    image.format = PNG_FORMAT_RGB;
-    std::vector<uint8_t> pixels(PNG_IMAGE_SIZE(image));
-    png_image_finish_read(&image, nullptr, pixels.data(), 0, nullptr);
-    for (const auto &at : {std::make_pair(640, 360), std::make_pair(1179, 110)}) {
-        const uint8_t *pixel =
-            pixels.data() + 3 * (size_t(at.second) * image.width + size_t(at.first));
-        EXPECT_EQ(pixel[0] << 16 | pixel[1] << 8 | pixel[2], 0x0000FF);
-    }
+    const Shot shot(path);
+    EXPECT_EQ(shot.pixel(640, 360), 0x0000FF);
+    EXPECT_EQ(shot.pixel(1179, 110), 0x0000FF);
 }
 
 TEST_F(ProgramTest, SaysSoWhenTheInterfaceDies)

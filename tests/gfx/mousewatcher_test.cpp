@@ -1,5 +1,6 @@
 #include "gfx/board.h"
 #include "gfx/pointerinput.h"
+#include "platform/terminal.h"
 
 #include <zrimage>
 #include <zrmousewatcher>
@@ -7,27 +8,15 @@
 
 #include <condition_variable>
 #include <cstdlib>
-#include <fcntl.h>
 #include <filesystem>
 #include <mutex>
+#include <sstream>
 
 namespace
 {
 
-struct Event {
-    ZrPoint position;
-    int buttons, wheel;
-    bool operator==(const Event &o) const
-    {
-        return position == o.position && buttons == o.buttons && wheel == o.wheel;
-    }
-};
-
-void PrintTo(const Event &e, std::ostream *out)
-{
-    *out << "(" << e.position.x() << ", " << e.position.y() << ") buttons " << e.buttons
-         << " wheel " << e.wheel;
-}
+// "x, y: buttons wheel"
+using Events = std::vector<std::string>;
 
 class Recorder : public ZrMouseHandler
 {
@@ -35,10 +24,12 @@ public:
     void mouseMoved(const ZrPoint &position, int buttons, int wheel) override
     {
         const std::lock_guard<std::mutex> lock(mutex_);
-        events_.push_back({position, buttons, wheel});
+        std::ostringstream event;
+        event << position.x() << ", " << position.y() << ": " << buttons << ' ' << wheel;
+        events_.push_back(event.str());
         changed_.notify_all();
     }
-    std::vector<Event> take(size_t count, std::chrono::seconds deadline = std::chrono::seconds(10))
+    Events take(size_t count, std::chrono::seconds deadline = std::chrono::seconds(10))
     {
         std::unique_lock<std::mutex> lock(mutex_);
         changed_.wait_for(lock, deadline, [&] { return events_.size() >= count; });
@@ -48,31 +39,29 @@ public:
 private:
     std::mutex mutex_;
     std::condition_variable changed_;
-    std::vector<Event> events_;
+    Events events_;
 };
-
-using Packet = unsigned char[4];
 
 TEST(MouseWatcher, PacketsMoveWithinBounds)
 {
     struct Row {
         const char *what;
         unsigned char packet[4];
-        std::vector<Event> expected;
+        Events expected;
     };
     constexpr unsigned char minus = 0xff;
     const Row rows[] = {
-        {"right and down", {0, 10, minus, 0}, {{ZrPoint(110, 101), 0, 0}}},
+        {"right and down", {0, 10, minus, 0}, {"110, 101: 0 0"}},
         {"nothing changed", {0, 0, 0, 0}, {}},
         {"x overflow", {0x40, 100, 0, 0}, {}},
         {"y overflow", {0x80, 0, 100, 0}, {}},
-        {"button only", {1, 0, 0, 0}, {{ZrPoint(110, 101), 1, 0}}},
+        {"button only", {1, 0, 0, 0}, {"110, 101: 1 0"}},
         {"sign bits are no buttons", {0x39, 0, 0, 0}, {}},
-        {"wheel only", {1, 0, 0, 1}, {{ZrPoint(110, 101), 1, 120}}},
-        {"wheel back", {1, 0, 0, minus}, {{ZrPoint(110, 101), 1, -120}}},
-        {"fast move", {0, 127, 0, 0}, {{ZrPoint(199, 101), 0, 0}}},
+        {"wheel only", {1, 0, 0, 1}, {"110, 101: 1 120"}},
+        {"wheel back", {1, 0, 0, minus}, {"110, 101: 1 -120"}},
+        {"fast move", {0, 127, 0, 0}, {"199, 101: 0 0"}},
         {"held at the edge", {0, 127, 0, 0}, {}},
-        {"up to the edge", {4, 0, 127, 0}, {{ZrPoint(199, 0), 4, 0}}},
+        {"up to the edge", {4, 0, 127, 0}, {"199, 0: 4 0"}},
     };
     Recorder recorder;
     ZrMouseWatcher watcher(&recorder);
@@ -111,47 +100,8 @@ TEST(MouseWatcher, InjectedPositionsTellWhenForced)
     watcher.inject(0, 0, 0, false);
     watcher.inject(0, 0, 0, true);
     watcher.inject(5000, -3, 2, false);
-    const std::vector<Event> expected = {{ZrPoint(0, 0), 0, 0}, {ZrPoint(800, 0), 2, 0}};
-    EXPECT_EQ(recorder.take(2), expected);
+    EXPECT_EQ(recorder.take(2), (Events{"0, 0: 0 0", "800, 0: 2 0"}));
 }
-
-// A pointer on a pseudo-terminal, at the place where the device's node is.
-class TerminalMouse
-{
-public:
-    explicit TerminalMouse(const std::filesystem::path &node) : node_(node)
-    {
-        terminal_ = posix_openpt(O_RDWR | O_NOCTTY);
-        grantpt(terminal_);
-        unlockpt(terminal_);
-        std::filesystem::create_symlink(ptsname(terminal_), node_);
-    }
-    ~TerminalMouse()
-    {
-        std::filesystem::remove(node_);
-        close(terminal_);
-    }
-    // Blocks until the watcher has set the device up.
-    std::string readSetup()
-    {
-        std::string bytes(6, '\0');
-        for (size_t got = 0; got < bytes.size();) {
-            const ssize_t count = read(terminal_, &bytes[got], bytes.size() - got);
-            if (count <= 0)
-                return std::string();
-            got += size_t(count);
-        }
-        return bytes;
-    }
-    void send(const std::string &bytes)
-    {
-        ASSERT_EQ(write(terminal_, bytes.data(), bytes.size()), ssize_t(bytes.size()));
-    }
-
-private:
-    std::filesystem::path node_;
-    int terminal_;
-};
 
 TEST(MouseWatcher, FindsADeviceThatComesAndGoes)
 {
@@ -164,12 +114,13 @@ TEST(MouseWatcher, FindsADeviceThatComesAndGoes)
         ZrMouseWatcher watcher(&recorder);
         watcher.start();
         for (int round = 1; round <= 2; ++round) {
-            TerminalMouse mouse(root / "dev/psaux");
-            EXPECT_EQ(mouse.readSetup(), "\xf3\xc8\xf3\x64\xf3\x50");
+            Terminal mouse;
+            std::filesystem::create_symlink(mouse.path(), root / "dev/psaux");
+            EXPECT_EQ(mouse.receive(6), "\xf3\xc8\xf3\x64\xf3\x50"); // it is set up now
             mouse.send(std::string("\0\5", 2));
             mouse.send(std::string("\0\0", 2));
-            const std::vector<Event> expected = {{ZrPoint(5 * round, 0), 0, 0}};
-            EXPECT_EQ(recorder.take(1), expected);
+            EXPECT_EQ(recorder.take(1), Events{std::to_string(5 * round) + ", 0: 0 0"});
+            std::filesystem::remove(root / "dev/psaux");
         }
     }
     unsetenv("ZR_ROOT");

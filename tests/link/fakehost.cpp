@@ -14,6 +14,7 @@ public:
     {
         std::lock_guard<std::mutex> lock(host_.mutex_);
         host_.loops_.push_back(this);
+        host_.changed_.notify_all();
     }
     ~Loop() override
     {
@@ -45,6 +46,7 @@ void FakeHost::postMessage(ZrObject *receiver, AppMessage *message)
     lastReceiver = receiver;
     posted_.push_back({message->mainType(), message->subType(), message->seqNumber(),
                        std::this_thread::get_id()});
+    changed_.notify_all();
     AppMessage::release(message);
 }
 
@@ -64,36 +66,33 @@ void FakeHost::pointerMoved(int x, int y, int buttons, bool force)
 {
     std::lock_guard<std::mutex> lock(mutex_);
     moved_.push_back({x, y, buttons, force, std::this_thread::get_id()});
+    changed_.notify_all();
+}
+
+// Locked, once the condition holds under the lock.
+template <typename Condition>
+std::unique_lock<std::mutex> FakeHost::lockedWhen(Condition condition, const char *what)
+{
+    std::unique_lock<std::mutex> lock(mutex_);
+    EXPECT_TRUE(changed_.wait_for(lock, std::chrono::milliseconds(kDeadlineMs), condition)) << what;
+    return lock;
 }
 
 std::vector<FakeHost::Posted> FakeHost::waitPosted(size_t count)
 {
-    EXPECT_TRUE(eventually([&] {
-        std::lock_guard<std::mutex> lock(mutex_);
-        return posted_.size() >= count;
-    })) << "fewer than "
-        << count << " messages were posted";
-    std::lock_guard<std::mutex> lock(mutex_);
+    const auto lock = lockedWhen([&] { return posted_.size() >= count; }, "messages are missing");
     return posted_;
 }
 
 std::vector<FakeHost::Moved> FakeHost::waitMoved(size_t count)
 {
-    EXPECT_TRUE(eventually([&] {
-        std::lock_guard<std::mutex> lock(mutex_);
-        return moved_.size() >= count;
-    }));
-    std::lock_guard<std::mutex> lock(mutex_);
+    const auto lock = lockedWhen([&] { return moved_.size() >= count; }, "moves are missing");
     return moved_;
 }
 
 void FakeHost::exitLoop()
 {
-    EXPECT_TRUE(eventually([&] {
-        std::lock_guard<std::mutex> lock(mutex_);
-        return !loops_.empty();
-    }));
-    std::lock_guard<std::mutex> lock(mutex_);
+    const auto lock = lockedWhen([&] { return !loops_.empty(); }, "nobody waits");
     if (!loops_.empty())
         loops_.back()->exit();
 }

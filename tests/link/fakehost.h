@@ -41,7 +41,11 @@ public:
 
 private:
     class Loop;
+    template <typename Condition>
+    std::unique_lock<std::mutex> lockedWhen(Condition condition, const char *what);
+
     std::mutex mutex_;
+    std::condition_variable changed_;
     std::vector<Posted> posted_;
     std::vector<Moved> moved_;
     std::vector<Loop *> loops_;

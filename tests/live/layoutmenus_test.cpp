@@ -3,14 +3,10 @@
 #include "link/deviceparams.h"
 #include "live/layoutmenus.h"
 #include "live/splitmodes.h"
-#include "support/virtualscreen.h"
+#include "support/recorderscreen.h"
 #include "ui/controls/iconbutton.h"
 #include "ui/maincommands.h"
 #include "ui/receivers.h"
-#include "widgets/zrinstallwidgets.h"
-
-#include <unistd.h>
-#include <zrgraphics>
 
 namespace
 {
@@ -26,23 +22,17 @@ struct LiveView : ZrObject {
     std::vector<std::pair<int, int>> picked;
 };
 
-class LayoutMenus : public testing::Test
+class LayoutMenus : public zrtest::RecorderScreen
 {
 protected:
     LayoutMenus()
     {
-        EXPECT_EQ(chdir(ZR_BINARY_DIR "/data"), 0);
         DeviceParamBlock block;
         block.bytes[ChannelCountOffset] = 16;
         setDeviceParamBlock(block);
-        zrInstallGraphics();
-        zrInstallWidgets();
-        ZrApplication::parts().makePointer = nullptr;
-        screen = std::make_unique<zrtest::VirtualScreen>(1280, 720);
-        view = std::make_unique<LiveView>();
-        setReceiver(Receiver::MainViewManager, view.get());
+        setReceiver(Receiver::MainViewManager, &view);
     }
-    ~LayoutMenus() override { clearReceiver(Receiver::MainViewManager, view.get()); }
+    ~LayoutMenus() override { clearReceiver(Receiver::MainViewManager, &view); }
 
     void click(const ZrWidget &widget)
     {
@@ -50,8 +40,7 @@ protected:
         screen->click(at.x(), at.y());
     }
 
-    std::unique_ptr<zrtest::VirtualScreen> screen;
-    std::unique_ptr<LiveView> view;
+    LiveView view;
 };
 
 } // namespace
@@ -66,8 +55,8 @@ TEST_F(LayoutMenus, OfferWhatTheDeviceHasChannelsForAndPostWhatIsPicked)
     screen->settle();
     ASSERT_EQ(menu.buttons().size(), 4); // 4, 9, 12 and 16
     click(*menu.buttons().at(3));
-    ASSERT_EQ(view->picked.size(), 1u);
-    EXPECT_EQ(view->picked[0], std::make_pair(int(MainViewCommand::SetLayout), 11));
+    ASSERT_EQ(view.picked.size(), 1u);
+    EXPECT_EQ(view.picked[0], std::make_pair(int(MainViewCommand::SetLayout), 11));
 
     // The last button opens the others, above it; a pick closes them.
     MoreLayoutMenu *more = MoreLayoutMenu::instance();
@@ -81,8 +70,8 @@ TEST_F(LayoutMenus, OfferWhatTheDeviceHasChannelsForAndPostWhatIsPicked)
     click(*more->buttons().at(4));
     EXPECT_FALSE(more->isVisible());
     EXPECT_EQ(more->lastMode(), live::UnevenModes[4]);
-    ASSERT_EQ(view->picked.size(), 2u);
-    EXPECT_EQ(view->picked[1].second, live::UnevenModes[4]);
+    ASSERT_EQ(view.picked.size(), 2u);
+    EXPECT_EQ(view.picked[1].second, live::UnevenModes[4]);
     delete more;
 }
 
@@ -95,6 +84,6 @@ TEST_F(LayoutMenus, EnterPicks)
     ZrKeyEvent enter(ZrEvent::KeyPress, Zr::Key_Enter);
     ZrApplication::notify(menu.buttons().at(1), &enter);
     screen->pass(ZrAbstractButton::KeyPressMs);
-    ASSERT_EQ(view->picked.size(), 1u);
-    EXPECT_EQ(view->picked[0].second, 4);
+    ASSERT_EQ(view.picked.size(), 1u);
+    EXPECT_EQ(view.picked[0].second, 4);
 }

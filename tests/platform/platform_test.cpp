@@ -1,11 +1,11 @@
 #include "platform/boardpath.h"
 #include "platform/framebufferdoor.h"
 #include "platform/pointerdoor.h"
+#include "platform/terminal.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <thread>
@@ -125,42 +125,17 @@ TEST(FramebufferDoor, TellsAMissingNodeFromADeviceThatIsNoFramebuffer)
               "FBIOGET_FSCREENINFO failed: Inappropriate ioctl for device\n");
 }
 
-class Terminal
-{
-public:
-    Terminal() : master_(posix_openpt(O_RDWR | O_NOCTTY))
-    {
-        grantpt(master_);
-        unlockpt(master_);
-    }
-    ~Terminal() { hangUp(); }
-    std::string path() const { return ptsname(master_); }
-    void write(const std::vector<uint8_t> &bytes)
-    {
-        ASSERT_EQ(::write(master_, bytes.data(), bytes.size()), ssize_t(bytes.size()));
-    }
-    void hangUp()
-    {
-        if (master_ >= 0)
-            ::close(master_);
-        master_ = -1;
-    }
-
-private:
-    int master_;
-};
-
 TEST(PointerDoor, DeliversRawPacketsFromATerminalHoweverTheyAreCut)
 {
     Terminal terminal;
     PointerDoor door;
     ASSERT_TRUE(door.open(terminal.path().c_str()));
     // Bytes that a cooked terminal would swallow or translate: CR, interrupt, end of file, XOFF.
-    terminal.write({0x0D, 0x03, 0x04, 0x13, 0x08, 0x01});
+    terminal.send("\x0D\x03\x04\x13\x08\x01");
     uint8_t packet[4];
     ASSERT_EQ(door.readPacket(packet), PointerDoor::Read::Packet);
     EXPECT_EQ((std::vector<uint8_t>(packet, packet + 4)), (std::vector<uint8_t>{13, 3, 4, 19}));
-    std::thread rest([&] { terminal.write({0xFF, 0x00}); });
+    std::thread rest([&] { terminal.send(std::string("\xFF\0", 2)); });
     ASSERT_EQ(door.readPacket(packet), PointerDoor::Read::Packet);
     rest.join();
     EXPECT_EQ((std::vector<uint8_t>(packet, packet + 4)), (std::vector<uint8_t>{8, 1, 255, 0}));

@@ -17,27 +17,28 @@
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
+#include <zrmousewatcher>
 
 namespace
 {
 
-// Follows packets as the interface does at a given speed.
-class Follower
+// Where the interface takes the pointer to be.
+class Follower : public ZrMouseHandler
 {
 public:
-    explicit Follower(int width, int height) : width_(width), height_(height) {}
-    void take(const uint8_t (&packet)[4])
+    Follower(int width, int height) { watcher_.setBounds(0, 0, width - 1, height - 1); }
+    void take(const uint8_t (&packet)[4]) { watcher_.handlePacket(packet); }
+    void mouseMoved(const ZrPoint &position, int nowPressed, int turned) override
     {
-        x = std::clamp(x + accelerated(int8_t(packet[1])), 0, width_ - 1);
-        y = std::clamp(y - accelerated(int8_t(packet[2])), 0, height_ - 1);
-        buttons = packet[0] & 7;
-        wheel += int8_t(packet[3]);
+        x = position.x();
+        y = position.y();
+        buttons = nowPressed;
+        wheel += turned / 120;
     }
-    int x = 400, y = 300, buttons = 0, wheel = 0;
+    int x = 0, y = 0, buttons = 0, wheel = 0;
 
 private:
-    static int accelerated(int d) { return d + (d < 1 ? -1 : 1) * (d * d >> 14); }
-    int width_, height_;
+    ZrMouseWatcher watcher_{this};
 };
 
 TEST(Board, ThePointerArrivesExactlyWhereTheViewerPointsFromWhereverItStood)

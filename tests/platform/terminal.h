@@ -1,10 +1,13 @@
 // A pointer device's far end: a pseudo-terminal that the test holds.
 #pragma once
 
+#include "support/deadline.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <fcntl.h>
+#include <poll.h>
 #include <string>
 #include <unistd.h>
 
@@ -25,12 +28,14 @@ public:
     {
         ASSERT_EQ(::write(far_, bytes.data(), bytes.size()), ssize_t(bytes.size()));
     }
-    // Blocks until so many bytes have come; fewer when the reader is gone.
+    // Waits until so many bytes have come; fewer when the reader is gone or silent.
     std::string receive(size_t count)
     {
         std::string bytes;
+        pollfd entry = {far_, POLLIN, 0};
         char byte;
-        while (bytes.size() < count && ::read(far_, &byte, 1) == 1)
+        while (bytes.size() < count && poll(&entry, 1, kDeadlineMs) > 0 &&
+               ::read(far_, &byte, 1) == 1)
             bytes += byte;
         return bytes;
     }

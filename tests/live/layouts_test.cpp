@@ -158,6 +158,8 @@ TEST(VideoGrid, InnerLinesGoToTheNearestAndTheLastOneDown)
         // 341.5, 683 and 1024.5 go down to a multiple of 4; 1366 goes to 1364, which stands.
         {4, 8, {0, 340, 680, 1024, 1364}},
         {16, 16, {0, 336, 688, 1024, 1360}},
+        // 1364 is no multiple of 16: up would be outside.
+        {16, 8, {0, 352, 688, 1024, 1360}},
     };
     for (const auto &row : rows) {
         VideoGridMetrics metrics;
@@ -166,6 +168,6 @@ TEST(VideoGrid, InnerLinesGoToTheNearestAndTheLastOneDown)
         metrics.sizeAlign = row.sizeAlign;
         const GridLines lines = gridLines(0, 1366, 4, 1.0f, metrics);
         EXPECT_EQ(std::vector<int>(lines.display.begin(), lines.display.end()), row.lines)
-            << row.positionAlign;
+            << row.positionAlign << ' ' << row.sizeAlign;
     }
 }

@@ -22,11 +22,15 @@
 namespace
 {
 
-// Where the interface takes the pointer to be.
+// Where the interface takes the pointer to be; at first as far as can be from where it is homed.
 class Follower : public ZrMouseHandler
 {
 public:
-    Follower(int width, int height) { watcher_.setBounds(0, 0, width - 1, height - 1); }
+    Follower(int width, int height)
+    {
+        watcher_.setBounds(0, 0, width - 1, height - 1);
+        watcher_.inject(width - 1, height - 1, 0, false);
+    }
     void take(const uint8_t (&packet)[4]) { watcher_.handlePacket(packet); }
     void mouseMoved(const ZrPoint &position, int nowPressed, int turned) override
     {

@@ -14,6 +14,7 @@ namespace
 {
 
 using Model = std::multimap<int, int>;
+constexpr int keys = 300;
 
 void expectEqual(const ZrMap<int, Large> &map, const Model &model)
 {
@@ -28,7 +29,7 @@ void expectEqual(const ZrMap<int, Large> &map, const Model &model)
 }
 
 // Enough look-ups for a map to index its entries, and each held against the model.
-void expectLookUps(const ZrMap<int, Large> &map, const Model &model, int keys)
+void expectLookUps(const ZrMap<int, Large> &map, const Model &model)
 {
     for (int key = -1; key <= keys; key++) {
         const auto found = model.lower_bound(key), behind = model.upper_bound(key);
@@ -48,6 +49,7 @@ void expectLookUps(const ZrMap<int, Large> &map, const Model &model, int keys)
 
 } // namespace
 
+// A large map has an index between its changes, and loses it in the midst of them.
 TEST(ZrMap, AgreesWithAMultimapUnderRandomChanges)
 {
     std::mt19937 random = seededRandom();
@@ -55,8 +57,8 @@ TEST(ZrMap, AgreesWithAMultimapUnderRandomChanges)
         ZrMap<int, Large> map, kept;
         Model model, keptModel;
         for (int step = 0; step < 6000; step++) {
-            const int key = pick(random, 0, 99), value = pick(random, 0, 999);
-            switch (pick(random, 0, 6)) {
+            const int key = pick(random, 0, keys - 1), value = pick(random, 0, 999);
+            switch (pick(random, 0, 7)) {
             case 0: {
                 map.insert(key, value);
                 auto found = model.find(key) == model.end() ? model.end() : model.lower_bound(key);
@@ -90,7 +92,11 @@ TEST(ZrMap, AgreesWithAMultimapUnderRandomChanges)
                 model.erase(same);
                 break;
             }
-            case 5:
+            case 5: // leaves the order alone
+                if (auto at = map.find(key); at != map.end())
+                    at.value() = model.lower_bound(key)->second = step;
+                break;
+            case 6:
                 kept = map;
                 keptModel = model;
                 break;
@@ -99,53 +105,20 @@ TEST(ZrMap, AgreesWithAMultimapUnderRandomChanges)
                 std::swap(model, keptModel);
             }
             ASSERT_NO_FATAL_FAILURE(expectEqual(map, model)) << "step " << step;
-            ASSERT_EQ(map.contains(key), model.count(key) > 0);
-        }
-    }
-    EXPECT_EQ(Large::alive, 0);
-}
-
-TEST(ZrMap, LooksUpAlikeHoweverOftenAndAfterEveryChange)
-{
-    std::mt19937 random = seededRandom();
-    constexpr int keys = 300;
-    {
-        ZrMap<int, Large> map;
-        Model model;
-        for (int step = 0; step < 150; step++) {
-            const ZrMap<int, Large> kept(step % 3 == 0 ? map : ZrMap<int, Large>());
-            const Model keptModel(step % 3 == 0 ? model : Model());
-            for (int changes = pick(random, 1, 9); changes > 0; changes--) {
-                const int key = pick(random, 0, keys - 1), value = pick(random, 0, 999);
-                if (step < 100 || pick(random, 0, 9) == 0) {
-                    map.insertMulti(key, value);
-                    model.insert(model.lower_bound(key), {key, value});
-                } else if (auto at = map.lowerBound(key); at != map.end()) {
-                    const int last = at.key();
-                    ASSERT_EQ(map.remove(last), int(model.erase(last)));
-                }
-            }
-            ASSERT_NO_FATAL_FAILURE(expectLookUps(map, model, keys)) << "step " << step;
-            ASSERT_NO_FATAL_FAILURE(expectLookUps(kept, keptModel, keys)) << "kept " << step;
-            if (const auto at = map.find(pick(random, 0, keys - 1)); at != map.end()) {
-                const auto same = model.lower_bound(at.key());
-                at.value() = same->second = step;
+            if (step % 8 == 0) {
+                ASSERT_NO_FATAL_FAILURE(expectLookUps(map, model)) << "step " << step;
+                ASSERT_NO_FATAL_FAILURE(expectLookUps(kept, keptModel)) << "kept, step " << step;
             }
         }
     }
     EXPECT_EQ(Large::alive, 0);
 }
 
-TEST(ZrMap, FindsBoundsAndKeepsTheOrderAskedFor)
+TEST(ZrMap, KeepsTheOrderAskedFor)
 {
     ZrMap<int, ZrString> map;
-    EXPECT_TRUE(std::as_const(map).lowerBound(1) == map.constEnd());
     for (int key : {30, 10, 20})
         map.insert(key, ZrString::number(key));
-    EXPECT_EQ(std::as_const(map).lowerBound(20).key(), 20);
-    EXPECT_EQ(std::as_const(map).upperBound(20).key(), 30);
-    EXPECT_EQ(std::as_const(map).lowerBound(11).key(), 20);
-    EXPECT_TRUE(std::as_const(map).upperBound(30) == map.constEnd());
     map.setInsertInOrder(true);
     map.insertMulti(10, "a");
     map.insertMulti(10, "b");
@@ -202,20 +175,15 @@ TEST(ZrHash, AgreesWithAnUnorderedMapUnderRandomChanges)
     EXPECT_EQ(Large::alive, 0);
 }
 
-// Keys that a simple hash would all put in one bucket.
+// A number is its own hash, so keys like these would all be in one bucket by their lowest bits.
 TEST(ZrHash, SpreadsRegularKeys)
 {
-    ZrHash<std::uint64_t, int> hash;
-    for (std::uint64_t i = 0; i < 4096; i++)
-        hash.insert(i << 20, int(i));
-    const std::size_t spread = zrHash(std::uint64_t(1)); // the identity: buckets must do the work
-    EXPECT_EQ(spread, 1u);
     ZrHashData data{nullptr, 1, 0, 0, 0};
     data.rehash(12);
     std::map<ZrHashData::Node **, int> used;
     int fullest = 0;
     for (std::uint64_t i = 0; i < 4096; i++)
-        fullest = std::max(fullest, ++used[data.bucket(i << 20)]);
+        fullest = std::max(fullest, ++used[data.bucket(zrHash(i << 20))]);
     EXPECT_LE(fullest, 8);
     free(data.buckets);
 }

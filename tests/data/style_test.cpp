@@ -242,13 +242,13 @@ TEST(Style, TextReadsOnTheGroundsOfOtherNames)
         {"mainview.ini", "AlarmInfoPanel/Row/SubForeground", "AlarmInfoPanel/Row/Background/Focus"},
     };
     for (const Pair &pair : Pairs) {
-        for (const StyleFile &style : styles()) {
-            if (style.name != pair.file)
-                continue;
-            ASSERT_TRUE(style.has(pair.text) && style.has(pair.ground)) << pair.text;
-            EXPECT_GE(contrast(style.color(pair.text), style.color(pair.ground)), TextContrast)
-                << pair.file << " " << pair.text << " on " << pair.ground;
-        }
+        const auto style =
+            std::find_if(styles().begin(), styles().end(),
+                         [&](const StyleFile &file) { return file.name == pair.file; });
+        ASSERT_NE(style, styles().end()) << pair.file;
+        ASSERT_TRUE(style->has(pair.text) && style->has(pair.ground)) << pair.text;
+        EXPECT_GE(contrast(style->color(pair.text), style->color(pair.ground)), TextContrast)
+            << pair.file << " " << pair.text << " on " << pair.ground;
     }
 }
 

@@ -101,21 +101,3 @@ TEST(Boot, AFramebufferThatIsNotThereEndsItWithStatus1)
               std::string::npos)
         << recorder.output();
 }
-
-TEST(SlowBoot, ARequestThatAppMissesIsRepeatedWithANewNumber)
-{
-    Recorder recorder;
-    recorder.app().addRule({1000, 104, SimApp::Rule::Action::Silent, 0, 1});
-    recorder.start();
-    ASSERT_TRUE(recorder.app().waitMessage(1000, 104, 2)) << recorder.output();
-    const auto first = recorder.app().waitMessage(1000, 104, 1);
-    const auto second = recorder.app().waitMessage(1000, 104, 2);
-    EXPECT_GT(second->head.seqNumber, first->head.seqNumber);
-    EXPECT_TRUE(recorder.app().waitMessage(100, 0)) << "and the start goes on";
-    const std::string line =
-        "[GUI]: BlockWaiting data timeout(MainType:1000, SubType:104, "
-        "seqNumber:" +
-        std::to_string(first->head.seqNumber) +
-        "), request again, new seqNumber:" + std::to_string(second->head.seqNumber) + " .\n";
-    EXPECT_NE(recorder.output().find(line), std::string::npos) << recorder.output();
-}

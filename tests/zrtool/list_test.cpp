@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <climits>
 #include <deque>
 #include <functional>
 
@@ -28,7 +29,12 @@ void compareWithModel()
     const List &same = list; // reads without detaching
     int at = 0, to = 0;      // in the list; at may be right behind it
     T value;
-    const auto erase = [&] {
+    const auto erase = [&](const T &gone, int most) {
+        for (auto i = model.begin();
+             most > 0 && (i = std::find(i, model.end(), gone)) != model.end(); most--)
+            i = model.erase(i);
+    };
+    const auto eraseAt = [&] {
         if (at < int(model.size()))
             model.erase(model.begin() + at);
     };
@@ -42,25 +48,18 @@ void compareWithModel()
         {[&] { std::swap(list, kept); }, [&] { std::swap(model, keptModel); }},
     };
     if constexpr (std::is_same_v<List, ZrVector<T>>) {
-        changes.push_back({[&] { list.remove(at); }, erase});
+        changes.push_back({[&] { list.remove(at); }, eraseAt});
     } else {
-        changes.push_back({[&] { list.removeAt(at); }, erase});
-        changes.push_back({[&] { list.move(list.size() - 1, to); },
-                           [&] {
-                               model.insert(model.begin() + to, model.back());
-                               model.pop_back();
-                           }});
-        changes.push_back({[&] { list.move(0, to); },
-                           [&] {
-                               model.insert(model.begin() + to + 1, T(model.front()));
-                               model.pop_front();
-                           }});
+        const auto back = [&] { std::rotate(model.begin() + to, model.end() - 1, model.end()); };
+        const auto front = [&] {
+            std::rotate(model.begin(), model.begin() + 1, model.begin() + to + 1);
+        };
+        changes.push_back({[&] { list.move(list.size() - 1, to); }, back});
+        changes.push_back({[&] { list.move(0, to); }, front});
+        changes.push_back({[&] { list.removeAt(at); }, eraseAt});
+        changes.push_back({[&] { list.removeOne(value); }, [&] { erase(value, 1); }});
         changes.push_back({[&] { list.removeAll(same.at(to)); },
-                           [&] {
-                               const T gone = *(model.begin() + to);
-                               model.erase(std::remove(model.begin(), model.end(), gone),
-                                           model.end());
-                           }});
+                           [&] { erase(T(*(model.begin() + to)), INT_MAX); }});
     }
     for (int step = 0; step < 4000; step++) {
         at = pick(random, 0, list.size());

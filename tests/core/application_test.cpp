@@ -67,10 +67,15 @@ protected:
         application.reset();
         ZrTimerCore::setTestClock(nullptr);
     }
-    void pass(int ms)
+    // The events of the timers due by then are posted, but not handled yet.
+    void postTimers(int ms)
     {
         fakeTime += std::int64_t(ms) * 1000000;
         application->timerCore()->activate();
+    }
+    void pass(int ms)
+    {
+        postTimers(ms);
         application->processPending();
     }
     static void post(ZrObject &receiver, int type)
@@ -232,8 +237,7 @@ TEST_F(Application, AStoppedTimerIsSilentThoughItsEventWasPosted)
     Recorder recorder;
     ZrObject::connect(&timer, &timer.timeout, &recorder, zrSlot<&Recorder::tick>);
     timer.start(10);
-    fakeTime += 10000000;
-    application->timerCore()->activate();
+    postTimers(10);
     timer.stop();
     application->processPending();
     EXPECT_EQ(recorder.log, "");
@@ -261,8 +265,7 @@ TEST_F(Application, TimersSpareDeadReceivers)
         ZrSingleShotTimer::singleShot(10, receiver, zrSlot<&Recorder::tick>);
         receiver->startTimer(10);
     }
-    fakeTime += 10000000;
-    application->timerCore()->activate(); // posts the events of both
+    postTimers(10);
     dying.reset();
     application->processPending();
     pass(100);

@@ -1,4 +1,5 @@
 #include "support/random_seed.h"
+#include "zrtool/change.h"
 #include "zrtool/tracked.h"
 
 #include <zrhash>
@@ -56,54 +57,41 @@ TEST(ZrMap, AgreesWithAMultimapUnderRandomChanges)
     {
         ZrMap<int, Large> map, kept;
         Model model, keptModel;
+        int key = 0, value = 0, removed = 0;
+        const auto place = [&] {
+            return model.count(key) ? model.lower_bound(key) : model.insert({key, 0});
+        };
+        const Change changes[] = {
+            {[&] { map.insert(key, value); }, [&] { place()->second = value; }},
+            {[&] { map[key] = value; }, [&] { place()->second = value; }},
+            {[&] { map.insertMulti(key, value); },
+             [&] {
+                 model.insert(model.lower_bound(key), {key, value});
+             }},
+            {[&] { map.insertMulti(key, value, ZrMap<int, Large>::Among::Behind); },
+             [&] {
+                 model.insert(model.upper_bound(key), {key, value});
+             }},
+            {[&] { removed = map.remove(key); },
+             [&] { ASSERT_EQ(removed, int(model.erase(key))); }},
+            {[&] {
+                 auto at = map.find(key);
+                 for (int behind = map.count(key); --behind > 0;)
+                     ++at;
+                 if (at != map.end())
+                     map.erase(at);
+             },
+             [&] {
+                 if (model.count(key) > 0)
+                     model.erase(std::prev(model.upper_bound(key)));
+             }},
+            {[&] { kept = map; }, [&] { keptModel = model; }},
+            {[&] { std::swap(map, kept); }, [&] { std::swap(model, keptModel); }},
+        };
         for (int step = 0; step < 6000; step++) {
-            const int key = pick(random, 0, keys - 1), value = pick(random, 0, 999);
-            switch (pick(random, 0, 7)) {
-            case 0: {
-                map.insert(key, value);
-                auto found = model.find(key) == model.end() ? model.end() : model.lower_bound(key);
-                if (found == model.end())
-                    model.insert({key, value});
-                else
-                    found->second = value;
-                break;
-            }
-            case 1: // in front of equal keys
-                map.insertMulti(key, value);
-                model.insert(model.lower_bound(key), {key, value});
-                break;
-            case 2: // behind them
-                map.insertMulti(key, value, ZrMap<int, Large>::Among::Behind);
-                model.insert(model.upper_bound(key), {key, value});
-                break;
-            case 3:
-                ASSERT_EQ(map.remove(key), int(model.erase(key)));
-                break;
-            case 4: { // one of several equal ones
-                auto at = map.find(key);
-                auto same = model.lower_bound(key);
-                if (at == map.end())
-                    break;
-                if (map.count(key) > 1) {
-                    ++at;
-                    ++same;
-                }
-                map.erase(at);
-                model.erase(same);
-                break;
-            }
-            case 5: // leaves the order alone
-                if (auto at = map.find(key); at != map.end())
-                    at.value() = model.lower_bound(key)->second = step;
-                break;
-            case 6:
-                kept = map;
-                keptModel = model;
-                break;
-            default:
-                std::swap(map, kept);
-                std::swap(model, keptModel);
-            }
+            key = pick(random, 0, keys - 1);
+            value = pick(random, 0, 999);
+            ASSERT_NO_FATAL_FAILURE(makeOne(changes, random)) << "step " << step;
             ASSERT_NO_FATAL_FAILURE(expectEqual(map, model)) << "step " << step;
             if (step % 8 == 0) {
                 ASSERT_NO_FATAL_FAILURE(expectLookUps(map, model)) << "step " << step;
@@ -137,29 +125,21 @@ TEST(ZrHash, AgreesWithAnUnorderedMapUnderRandomChanges)
     {
         ZrHash<ZrString, Large> hash, kept;
         std::unordered_map<int, int> model, keptModel;
+        ZrString name;
+        int key = 0, value = 0, removed = 0;
+        const Change changes[] = {
+            {[&] { hash.insert(name, value); }, [&] { model[key] = value; }},
+            {[&] { hash[name] = value; }, [&] { model[key] = value; }},
+            {[&] { removed = hash.remove(name); },
+             [&] { ASSERT_EQ(removed, int(model.erase(key))); }},
+            {[&] { kept = hash; }, [&] { keptModel = model; }},
+            {[&] { std::swap(hash, kept); }, [&] { std::swap(model, keptModel); }},
+        };
         for (int step = 0; step < 6000; step++) {
-            const int key = pick(random, 0, 299), value = pick(random, 0, 999);
-            const ZrString name = ZrString::number(key);
-            switch (pick(random, 0, 4)) {
-            case 0:
-                hash.insert(name, value);
-                model[key] = value;
-                break;
-            case 1:
-                hash[name] = value;
-                model[key] = value;
-                break;
-            case 2:
-                ASSERT_EQ(hash.remove(name), int(model.erase(key)));
-                break;
-            case 3:
-                kept = hash;
-                keptModel = model;
-                break;
-            default:
-                std::swap(hash, kept);
-                std::swap(model, keptModel);
-            }
+            key = pick(random, 0, 299);
+            value = pick(random, 0, 999);
+            name = ZrString::number(key);
+            ASSERT_NO_FATAL_FAILURE(makeOne(changes, random)) << "step " << step;
             ASSERT_EQ(hash.size(), int(model.size()));
             ASSERT_EQ(hash.contains(name), model.count(key) > 0);
         }

@@ -1,4 +1,4 @@
-#include "support/random_seed.h"
+#include "zrtool/change.h"
 
 #include <zrbitarray>
 #include <zrbytearray>
@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <functional>
 
 namespace
 {
@@ -38,9 +37,7 @@ TEST(ZrString, AgreesWithAStandardStringUnderRandomChanges)
     std::u16string model, keptModel, piece;
     int at, count;
     std::size_t from, many; // the same
-    const struct {
-        std::function<void()> ours, standard;
-    } changes[] = {
+    const Change changes[] = {
         {[&] { text.append(ours(piece)); }, [&] { model += piece; }},
         {[&] { text.insert(at, ours(piece)); }, [&] { model.insert(from, piece); }},
         {[&] { text.prepend(ZrUcs2('x')); }, [&] { model.insert(0, u"x"); }},
@@ -56,9 +53,7 @@ TEST(ZrString, AgreesWithAStandardStringUnderRandomChanges)
         from = std::size_t(at = pick(random, 0, text.size()));
         many = std::size_t(count = pick(random, 0, 4));
         piece.assign(std::size_t(pick(random, 0, 3)), char16_t(pick(random, 'a', 'c')));
-        const auto &change = changes[pick(random, 0, int(std::size(changes)) - 1)];
-        change.ours();
-        change.standard();
+        makeOne(changes, random);
         ASSERT_EQ(standard(text), model) << "step " << step;
         ASSERT_EQ(text.constData()[text.size()], 0);
         ASSERT_EQ(text.compare(kept) < 0, model < keptModel);

@@ -1,9 +1,10 @@
 #include <gtest/gtest.h>
 
 #include "core/zrtimerwheel.h"
+#include "support/random_seed.h"
 
 #include <algorithm>
-#include <random>
+#include <map>
 #include <zrobject>
 
 namespace
@@ -11,75 +12,54 @@ namespace
 
 constexpr std::int64_t Millisecond = 1000000;
 
-struct Fired {
-    std::int64_t time;
-    std::uint32_t id;
-    bool operator==(const Fired &other) const { return time == other.time && id == other.id; }
-};
-
-// The same timers in a plain sorted list, searched from end to end.
-class SlowTimers
+// The same timers in a plain map by time and order, which needs no wheel.
+class PlainTimers
 {
 public:
     void insert(std::int64_t now, std::int64_t interval, std::uint32_t id, int repeats)
     {
-        timers_.push_back({now + interval, interval, ++order_, id, repeats});
+        timers_[{now + interval, ++order_}] = {interval, id, repeats};
     }
     void remove(std::uint32_t id)
     {
-        timers_.erase(std::remove_if(timers_.begin(), timers_.end(),
-                                     [id](const Timer &timer) { return timer.id == id; }),
-                      timers_.end());
+        timers_.erase(std::find_if(timers_.begin(), timers_.end(),
+                                   [id](const auto &entry) { return entry.second.id == id; }));
     }
-    std::vector<Fired> expire(std::int64_t now)
+    std::vector<std::uint32_t> expire(std::int64_t now)
     {
-        std::vector<Fired> fired;
-        for (;;) {
-            auto first = std::min_element(timers_.begin(), timers_.end(), before);
-            if (first == timers_.end() || first->next > now)
-                return fired;
-            fired.push_back({first->next, first->id});
-            Timer timer = *first;
-            timers_.erase(first);
-            if (timer.repeats == 0)
-                continue;
-            if (timer.repeats > 0)
-                --timer.repeats;
-            timer.next += timer.interval;
-            timer.order = ++order_;
-            timers_.push_back(timer);
+        std::vector<std::uint32_t> fired;
+        while (!timers_.empty() && earliest() <= now) {
+            const std::int64_t time = earliest();
+            const Timer timer = timers_.begin()->second;
+            timers_.erase(timers_.begin());
+            fired.push_back(timer.id);
+            if (timer.repeats != 0)
+                insert(time, timer.interval, timer.id, std::max(timer.repeats - 1, -1));
         }
+        return fired;
     }
-    const std::vector<std::uint32_t> ids() const
+    std::size_t size() const { return timers_.size(); }
+    std::int64_t earliest() const { return timers_.begin()->first.first; }
+    std::uint32_t id(std::size_t index) const
     {
-        std::vector<std::uint32_t> result;
-        for (const Timer &timer : timers_)
-            result.push_back(timer.id);
-        return result;
+        return std::next(timers_.begin(), std::ptrdiff_t(index))->second.id;
     }
 
 private:
     struct Timer {
-        std::int64_t next, interval;
-        std::uint64_t order;
+        std::int64_t interval;
         std::uint32_t id;
         int repeats;
     };
-    static bool before(const Timer &left, const Timer &right)
-    {
-        return left.next != right.next ? left.next < right.next : left.order < right.order;
-    }
-    std::vector<Timer> timers_;
+    std::map<std::pair<std::int64_t, std::uint64_t>, Timer> timers_;
     std::uint64_t order_ = 0;
 };
 
 } // namespace
 
-TEST(ZrTimerWheel, FiresAsAPlainSortedListWould)
+TEST(ZrTimerWheel, FiresAsAPlainMapWould)
 {
-    const unsigned seed = std::random_device{}();
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    std::mt19937 random(seed);
+    std::mt19937 random = seededRandom();
     const std::int64_t intervals[] = {1,
                                       Millisecond,
                                       3 * Millisecond,
@@ -87,33 +67,30 @@ TEST(ZrTimerWheel, FiresAsAPlainSortedListWould)
                                       1000 * Millisecond,
                                       3600000 * Millisecond};
     ZrTimerWheel wheel;
-    SlowTimers slow;
+    PlainTimers plain;
     std::int64_t now = 987654321012345;
     for (int step = 0; step < 2000; ++step) {
-        const int action = int(random() % 10);
+        const int action = pick(random, 0, 9);
         if (action < 6) {
-            const std::int64_t interval = intervals[random() % 6] * std::int64_t(random() % 9 + 1);
-            const int repeats = interval < Millisecond ? 0 : int(random() % 3);
+            const std::int64_t interval = intervals[pick(random, 0, 5)] * pick(random, 1, 9);
+            const int repeats = interval < Millisecond ? 0 : pick(random, 0, 2);
             const std::uint32_t id = wheel.insert(now, interval, nullptr, repeats);
-            slow.insert(now, interval, id, repeats);
-        } else if (action < 8 && !slow.ids().empty()) {
-            const std::uint32_t id = slow.ids()[random() % slow.ids().size()];
+            plain.insert(now, interval, id, repeats);
+        } else if (action < 8 && plain.size() > 0) {
+            const std::uint32_t id = plain.id(random() % plain.size());
             ASSERT_TRUE(wheel.remove(id));
-            slow.remove(id);
+            plain.remove(id);
         } else {
-            now += intervals[random() % 5] * std::int64_t(random() % 5);
+            now += intervals[pick(random, 0, 4)] * pick(random, 0, 4);
             std::vector<std::uint32_t> ids;
             wheel.expire(now, [&](std::uint32_t id, ZrObject *) { ids.push_back(id); });
-            std::vector<std::uint32_t> expected;
-            for (const Fired &fired : slow.expire(now))
-                expected.push_back(fired.id);
-            ASSERT_EQ(ids, expected) << "at step " << step;
+            ASSERT_EQ(ids, plain.expire(now)) << "at step " << step;
         }
-        ASSERT_EQ(std::size_t(wheel.size()), slow.ids().size());
+        ASSERT_EQ(std::size_t(wheel.size()), plain.size());
         std::int64_t look = 0;
-        if (wheel.nextLook(look)) {
-            auto earliest = slow;
-            ASSERT_TRUE(look <= now || earliest.expire(look - 1).empty());
+        ASSERT_EQ(wheel.nextLook(look), plain.size() > 0);
+        if (plain.size() > 0) {
+            ASSERT_LE(look, std::max(now, plain.earliest())) << "at step " << step;
         }
     }
 }

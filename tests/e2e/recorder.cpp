@@ -2,11 +2,11 @@
 
 #include "platform/framebufferdoor.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <fstream>
-#include <poll.h>
 #include <sstream>
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -16,8 +16,6 @@ namespace zrtest
 {
 namespace
 {
-
-constexpr int LookEveryMs = 2;
 
 // In the child: the interface with the board as its root, in the data directory, its lines in a
 // file.
@@ -35,17 +33,6 @@ constexpr int LookEveryMs = 2;
 }
 
 } // namespace
-
-bool waitUntil(const std::function<bool()> &condition)
-{
-    const auto end = std::chrono::steady_clock::now() + Deadline;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > end)
-            return false;
-        poll(nullptr, 0, LookEveryMs);
-    }
-    return true;
-}
 
 Recorder::Recorder(DeviceOptions device)
     : device_(device), board_(device.displayWidth, device.displayHeight)
@@ -80,7 +67,7 @@ bool Recorder::startLive()
         return false;
     // The last thing of the first flush is the hole: a border stands, and beside it the video
     // shows.
-    return waitUntil([this] {
+    return eventually([this] {
         const ZrRect first = cell(0);
         const ZrRect last = cell(int(pictures().count) - 1);
         return isOpaque(first.left(), first.top()) && isOpaque(last.right(), last.bottom());
@@ -95,7 +82,7 @@ bool Recorder::isRunning()
 int Recorder::waitExit()
 {
     int status = 0;
-    if (!waitUntil([&] { return waitpid(child_, &status, WNOHANG) == child_; }))
+    if (!eventually([&] { return waitpid(child_, &status, WNOHANG) == child_; }))
         return -1;
     child_ = -1;
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
@@ -131,9 +118,9 @@ ZrRect Recorder::cell(int index) const
 
 void Recorder::moveTo(int x, int y, int buttons)
 {
-    waitUntil([this] { return pointer().takeCommands() || pointer().isRead(); });
+    eventually([this] { return pointer().takeCommands() || pointer().isRead(); });
     pointer().moveTo(x, y, buttons);
-    waitUntil([this] {
+    eventually([this] {
         pointer().flush();
         return pointer().isEmpty();
     });
@@ -152,12 +139,19 @@ void Recorder::doubleClick(int x, int y)
     click(x, y);
 }
 
-std::vector<std::uint16_t> Recorder::picture()
+std::vector<std::uint16_t> Recorder::pixels(const ZrRect &area)
 {
     std::vector<std::uint16_t> all;
-    for (int y = 0; y < screen().height(); ++y)
-        all.insert(all.end(), screen().line(y), screen().line(y) + screen().width());
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        all.insert(all.end(), screen().line(y) + area.left(), screen().line(y) + area.right() + 1);
     return all;
+}
+
+int Recorder::opaquePixels(const ZrRect &area)
+{
+    const std::vector<std::uint16_t> all = pixels(area);
+    return int(
+        std::count_if(all.begin(), all.end(), [](std::uint16_t pixel) { return pixel & 0x8000; }));
 }
 
 void Recorder::mark(int x, int y, std::uint16_t value)

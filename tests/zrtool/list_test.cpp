@@ -87,6 +87,17 @@ TEST(ZrVector, AgreesWithADequeUnderRandomChanges)
     compareWithModel<ZrVector<int>, int>();
 }
 
+TEST(ZrList, TellsWhatItTook)
+{
+    ZrList<Large> list{4, 1, 2, 1, 3};
+    EXPECT_EQ(list.removeAll(1), 2);
+    EXPECT_EQ(list.removeAll(7), 0);
+    EXPECT_TRUE(list.removeOne(2));
+    EXPECT_FALSE(list.removeOne(2));
+    EXPECT_EQ(list.takeFirst().value(), 4);
+    EXPECT_EQ(list.takeLast().value(), 3);
+}
+
 // A queue that never empties must not grow without end, whichever end it is fed from.
 TEST(ZrList, KeepsAQueueInTheRoomItHas)
 {

@@ -34,10 +34,7 @@ constexpr float TitleInset = 8;
 void drawIcon(ZrPainter &painter, const ZrRect &rect, const ZrPixmap &icon)
 {
     const int side = std::min(fontUnits(ArrowIcon), rect.height());
-    drawPicture(painter,
-                ZrRect(rect.left() + (rect.width() - side) / 2,
-                       rect.top() + (rect.height() - side) / 2, side, side),
-                icon);
+    drawPictureInMiddle(painter, rect, ZrSize(side, side), icon);
 }
 
 } // namespace

@@ -76,10 +76,3 @@ void ComboBox::mouseReleaseEvent(ZrMouseEvent *event)
     event->accept();
     openKeyboard();
 }
-
-void ComboBox::hideEvent(ZrHideEvent *event)
-{
-    ZrComboBox::hideEvent(event);
-    if (Keyboard *keyboard = Keyboard::servingOf(this))
-        keyboard->close();
-}

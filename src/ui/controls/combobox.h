@@ -21,7 +21,6 @@ protected:
     ZrList<ZrListWidgetItem> extraRows() const override;
     void extraRowChosen(int row) override;
     void mouseReleaseEvent(ZrMouseEvent *event) override;
-    void hideEvent(ZrHideEvent *event) override;
 
 private:
     void retranslate();

@@ -59,13 +59,5 @@ void IconButton::paintEvent(ZrPaintEvent *)
     const BoxModel box(*this, style().pushButton(), isOn());
     const ZrRect room = box.draw(painter, rect());
     const ZrPixmap &shown = shownPicture();
-    if (shown.isNull())
-        return;
-    const ZrSize size = pictureSize(shown);
-    const ZrPoint middle = room.center();
-    drawPicture(
-        painter,
-        ZrRect(ZrPoint(middle.x() - (size.width() - 1) / 2, middle.y() - (size.height() - 1) / 2),
-               size),
-        shown);
+    drawPictureInMiddle(painter, room, pictureSize(shown), shown);
 }

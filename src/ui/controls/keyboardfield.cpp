@@ -73,13 +73,6 @@ void KeyboardField::clicked()
     openKeyboard();
 }
 
-void KeyboardField::hideEvent(ZrHideEvent *event)
-{
-    ZrLineEdit::hideEvent(event);
-    if (Keyboard *keyboard = Keyboard::servingOf(this))
-        keyboard->close();
-}
-
 int KeyboardField::trailingRoom() const
 {
     const int icon = fontUnits(IconSide);

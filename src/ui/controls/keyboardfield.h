@@ -30,7 +30,6 @@ protected:
     void paintEvent(ZrPaintEvent *event) override;
     void keyPressEvent(ZrKeyEvent *event) override;
     void focusOutEvent(ZrFocusEvent *event) override;
-    void hideEvent(ZrHideEvent *event) override;
 
 private:
     void openKeyboard();

@@ -32,10 +32,3 @@ void TextEdit::focusOutEvent(ZrFocusEvent *event)
     typedHere_ = false;
     ZrTextEdit::focusOutEvent(event);
 }
-
-void TextEdit::hideEvent(ZrHideEvent *event)
-{
-    ZrTextEdit::hideEvent(event);
-    if (Keyboard *keyboard = Keyboard::servingOf(this))
-        keyboard->close();
-}

@@ -14,7 +14,6 @@ protected:
     void keyPressEvent(ZrKeyEvent *event) override;
     void mouseReleaseEvent(ZrMouseEvent *event) override;
     void focusOutEvent(ZrFocusEvent *event) override;
-    void hideEvent(ZrHideEvent *event) override;
 
 private:
     void openKeyboard();

@@ -1,7 +1,6 @@
 #include "ui/keyboard/keyboard.h"
 
 #include "ui/scale.h"
-#include "widgets/zrdesktop.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -36,18 +35,13 @@ Keyboard::Keyboard(ZrWidget *target) : target_(target)
     setFocusPolicy(AnyFocus);
     setAttribute(MouseTracking);
     connect(target, &target->destroyed, this, zrSlot<&Keyboard::targetGone>);
+    target->installEventFilter(this);
     connect(&repeatTimer_, &repeatTimer_.timeout, this, zrSlot<&Keyboard::repeat>);
 }
 
 Keyboard::~Keyboard()
 {
     tellServed(false);
-}
-
-Keyboard *Keyboard::servingOf(const ZrWidget *target)
-{
-    auto *open = dynamic_cast<Keyboard *>(ZrDesktop::activePopup());
-    return open && open->target() == target ? open : nullptr;
 }
 
 void Keyboard::open()
@@ -78,6 +72,13 @@ void Keyboard::tellServed(bool served)
 {
     if (auto *entry = dynamic_cast<ZrTextEntry *>(target_.get()))
         entry->setServed(served);
+}
+
+bool Keyboard::eventFilter(ZrObject *watched, ZrEvent *event)
+{
+    if (event->type() == ZrEvent::Hide && watched == target_.get())
+        close();
+    return CWidget::eventFilter(watched, event);
 }
 
 void Keyboard::targetGone()

@@ -3,8 +3,8 @@
 // closes. Text of a real keyboard, or the digits of a remote, passes through, and puts the ring on
 // the key that ends the entry: Enter there ends it.
 //
-// It deletes itself when it is closed, and closes when its widget goes. Nothing that is typed is
-// kept. Widget thread only.
+// It deletes itself when it is closed, and closes when its widget goes or hides. Nothing that is
+// typed is kept. Widget thread only.
 #pragma once
 
 #include "ui/controls/cwidget.h"
@@ -25,8 +25,6 @@ public:
     // screen.
     void open();
     ZrWidget *target() const { return target_.get(); }
-    // The open keyboard that works for the widget; null: none.
-    static Keyboard *servingOf(const ZrWidget *target);
 
     const std::vector<KeyboardRow> &rows() const { return rows_; }
     // As a finger on it would; true when it was still there.
@@ -34,6 +32,7 @@ public:
     int currentRow() const { return row_; }
     int currentColumn() const { return column_; }
 
+    bool eventFilter(ZrObject *watched, ZrEvent *event) override;
     bool leftKey() override;
     bool rightKey() override;
     bool upKey() override;

@@ -129,10 +129,7 @@ void KeyboardLook::drawCaption(ZrPainter &painter, const KeyboardKey &key,
 {
     if (key.icon) {
         const int side = std::min(fontUnits(IconSide), key.rect.height());
-        drawPicture(painter,
-                    ZrRect(key.rect.left() + (key.rect.width() - side) / 2,
-                           key.rect.top() + (key.rect.height() - side) / 2, side, side),
-                    picture(key.icon));
+        drawPictureInMiddle(painter, key.rect, ZrSize(side, side), picture(key.icon));
         return;
     }
     painter.setFont(fontOf(key));

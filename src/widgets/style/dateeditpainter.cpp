@@ -22,10 +22,7 @@ void ZrStyle::drawDateEdit(ZrWidget *widget, const ZrDateEditOption *group) cons
     const ZrRect arrow = edit->arrowRect();
     if (const ZrPixmap *picture = box.chain().pick(option.downArrow)) {
         const int side = ZrFontMetrics::lineHeight(box.font());
-        drawPicture(painter,
-                    ZrRect(arrow.left() + (arrow.width() - side) / 2,
-                           arrow.top() + (arrow.height() - side) / 2, side, side),
-                    *picture);
+        drawPictureInMiddle(painter, arrow, ZrSize(side, side), *picture);
     }
     contents.setRight(arrow.left() - 1);
     if (box.prepareText(painter))

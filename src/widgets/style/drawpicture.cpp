@@ -91,6 +91,16 @@ void drawPicture(ZrPainter &painter, const ZrRect &place, const ZrPixmap &pictur
     draw(painter, place, picture, Shade::Full);
 }
 
+void drawPictureInMiddle(ZrPainter &painter, const ZrRect &room, const ZrSize &size,
+                         const ZrPixmap &picture)
+{
+    drawPicture(painter,
+                ZrRect(room.left() + (room.width() - size.width()) / 2,
+                       room.top() + (room.height() - size.height()) / 2, size.width(),
+                       size.height()),
+                picture);
+}
+
 void drawFadedPicture(ZrPainter &painter, const ZrRect &place, const ZrPixmap &picture)
 {
     draw(painter, place, picture, Shade::Faded);
